@@ -1,0 +1,18 @@
+# zk_add_library(name BUILD_DEFINE SOURCES ... [DEF file])
+# One of the two DLLs: its import library, its export switch and its headers.
+function(zk_add_library name build_define)
+  cmake_parse_arguments(ARG "" "DEF" "SOURCES" ${ARGN})
+  add_library(${name} SHARED ${ARG_SOURCES})
+  if(ARG_DEF)
+    target_sources(${name} PRIVATE ${ARG_DEF})
+    # Ordinal-pinned entry points are stdcall; their exported names carry no @n.
+    target_link_options(${name} PRIVATE -Wl,--kill-at)
+  endif()
+  target_compile_definitions(${name} PRIVATE ${build_define})
+  # A failed allocation yields null rather than throwing, and every new is tested.
+  target_compile_options(${name} PRIVATE -fcheck-new)
+  target_include_directories(${name} PUBLIC
+    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
+    $<INSTALL_INTERFACE:include/zkshell>)
+  set_target_properties(${name} PROPERTIES PREFIX "" IMPORT_PREFIX "lib")
+endfunction()

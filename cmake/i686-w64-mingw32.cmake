@@ -1,0 +1,19 @@
+# Cross-compiles for 32-bit Windows with mingw-w64 and runs what it builds under Wine.
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_SYSTEM_PROCESSOR i686)
+
+set(ZK_TRIPLE i686-w64-mingw32)
+set(CMAKE_C_COMPILER ${ZK_TRIPLE}-gcc-posix)
+set(CMAKE_CXX_COMPILER ${ZK_TRIPLE}-g++-posix)
+set(CMAKE_RC_COMPILER ${ZK_TRIPLE}-windres)
+
+set(CMAKE_FIND_ROOT_PATH /usr/${ZK_TRIPLE})
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE BOTH)
+
+find_program(ZK_WINE wine)
+if(ZK_WINE)
+  set(CMAKE_CROSSCOMPILING_EMULATOR ${ZK_WINE})
+endif()
