@@ -2,7 +2,6 @@
 # make demo   builds and runs the example program.
 # make bench  builds in Release and runs the benchmarks.
 BUILD ?= build
-BENCH_BUILD ?= build-bench
 TOOLCHAIN := cmake/i686-w64-mingw32.cmake
 CONFIGURE := cmake -G Ninja -DCMAKE_TOOLCHAIN_FILE=$(TOOLCHAIN)
 
@@ -29,10 +28,8 @@ test: build
 demo: build
 	@echo "The example program comes with the window classes."
 
-bench: deps
-	$(CONFIGURE) -S . -B $(BENCH_BUILD) -DCMAKE_BUILD_TYPE=Release -DZK_BUILD_TESTS=OFF
-	cmake --build $(BENCH_BUILD)
+bench:
 	@echo "The benchmarks come with the window classes."
 
 clean:
-	rm -rf $(BUILD) $(BENCH_BUILD)
+	rm -rf $(BUILD)

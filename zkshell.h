@@ -5,3 +5,4 @@
 #include "base/values.h"
 #include "base/lists.h"
 #include "base/system.h"
+#include "base/startup.h"
