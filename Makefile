@@ -2,6 +2,7 @@
 # make demo   builds and runs the example program.
 # make bench  builds in Release and runs the benchmarks.
 BUILD ?= build
+BENCH_BUILD ?= build-bench
 TOOLCHAIN := cmake/i686-w64-mingw32.cmake
 CONFIGURE := cmake -G Ninja -DCMAKE_TOOLCHAIN_FILE=$(TOOLCHAIN)
 
@@ -28,8 +29,10 @@ test: build
 demo: build
 	@echo "The example program comes with the window classes."
 
-bench:
-	@echo "The benchmarks come with the window classes."
+bench: deps
+	$(CONFIGURE) -S . -B $(BENCH_BUILD) -DCMAKE_BUILD_TYPE=Release -DZK_BUILD_TESTS=OFF -DZK_BUILD_BENCH=ON
+	cmake --build $(BENCH_BUILD)
+	scripts/wine-session.sh $(BENCH_BUILD) wine $(BENCH_BUILD)/bin/zkbench.exe
 
 clean:
-	rm -rf $(BUILD)
+	rm -rf $(BUILD) $(BENCH_BUILD)

@@ -8,7 +8,7 @@ have_all() {
   command -v i686-w64-mingw32-windres >/dev/null &&
   command -v wine >/dev/null && command -v wineserver >/dev/null &&
   command -v Xvfb >/dev/null && command -v cmake >/dev/null &&
-  command -v ninja >/dev/null && command -v convert >/dev/null &&
+  command -v ninja >/dev/null &&
   [ -f /usr/src/googletest/CMakeLists.txt ] &&
   dpkg -s wine32:i386 >/dev/null 2>&1
 }
@@ -28,4 +28,4 @@ dpkg --add-architecture i386
 apt-get update || true
 apt-get install -y -t bookworm --no-install-recommends \
   g++-mingw-w64-i686-posix mingw-w64-tools binutils-mingw-w64-i686 \
-  wine wine32:i386 xvfb xauth cmake ninja-build make googletest imagemagick
+  wine wine32:i386 xvfb xauth cmake ninja-build make googletest
