@@ -330,13 +330,15 @@ unsigned short vSTRING::NoOfOccurance(const vSTRING& needle) const
     return count;
 }
 
+// The string keeps its allocation and is cut where the delimiter stood: a
+// found delimiter means the text is our own, never the shared empty one.
 vSTRING vSTRING::RemoveFromEnd(const vCHAR& delimiter)
 {
-    const char* last = delimiter() != 0 ? std::strrchr(text, delimiter()) : nullptr;
+    char* last = delimiter() != 0 ? std::strrchr(text, delimiter()) : nullptr;
     if (!last)
         return *this;
     vSTRING after = Adopt(Whole(last + 1));
-    Replace(Piece(text, last - text));
+    *last = 0;
     return after;
 }
 
