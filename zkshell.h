@@ -20,3 +20,4 @@
 #include "graphics/rotate.h"
 #include "graphics/lineseg.h"
 #include "graphics/linesect.h"
+#include "graphics/device.h"

@@ -35,14 +35,4 @@ INSTANTIATE_TEST_SUITE_P(Table, RotateTest, ::testing::Values(
     Turning{0, 0, 30, 0, 10, -5, 8},
     Turning{0, 0, 30, -10, 0, -9, -5}));
 
-TEST(RotateCopyTest, CopyAndAssignmentMapAlike)
-{
-    vROTATE original(vPOINT(3, 4), vANGLE(90.0));
-    vROTATE copy(original);
-    vROTATE assigned(vPOINT(), vANGLE(0.0));
-    assigned = original;
-    EXPECT_TRUE(copy(vPOINT(1, 1)) == vPOINT(3, -2));
-    EXPECT_TRUE(assigned(vPOINT(1, 1)) == vPOINT(3, -2));
-}
-
 }  // namespace

@@ -31,14 +31,4 @@ INSTANTIATE_TEST_SUITE_P(Table, ScaleTest, ::testing::Values(
     Scaling{4, -2, 1.5, -1, 2, 2, 9, 0},
     Scaling{-5, 6, 0, 0, 100, 100, 0, 0}));
 
-TEST(ScaleCopyTest, CopyAndAssignmentMapAlike)
-{
-    vSCALE original(vPOINT(3, -1), vREAL(1.5), vREAL(2));
-    vSCALE copy(original);
-    vSCALE assigned(vPOINT(), vREAL(0), vREAL(0));
-    assigned = original;
-    EXPECT_TRUE(copy(vPOINT(5, 5)) == vPOINT(12, 8));
-    EXPECT_TRUE(assigned(vPOINT(5, 5)) == vPOINT(12, 8));
-}
-
 }  // namespace

@@ -24,21 +24,16 @@ void ExpectLabel(const vSHAPE& shape)
     EXPECT_EQ(shape[3].Last(), 2);
     EXPECT_TRUE(shape.BoundBox() == vRECT(8, 12, 53, 30));
     EXPECT_TRUE(shape.Closed());
+    EXPECT_EQ(shape.NoOfContours(), 1);
 }
 
-TEST_F(ShapeTest, AnEmptyShapeHasNoPointsAndAZeroBox)
+TEST_F(ShapeTest, AnEmptyShapeHasAZeroBoxAtItsOwnAddress)
 {
     vSHAPE shape;
     EXPECT_EQ(shape.NoPoint(), 0);
     EXPECT_TRUE(shape.BoundBox() == vRECT());
-    EXPECT_FALSE(shape.Closed());
-    EXPECT_EQ(shape.NoOfContours(), 1);
-}
-
-TEST_F(ShapeTest, TheBoundBoxStandsAtTheShapesOwnAddress)
-{
-    vSHAPE shape;
     EXPECT_EQ(static_cast<const void*>(&shape.BoundBox()), static_cast<const void*>(&shape));
+    EXPECT_FALSE(shape.Closed());
 }
 
 TEST_F(ShapeTest, AppendedPointsKeepTheirOrderAndFlagsAndWidenTheBox)
@@ -46,17 +41,13 @@ TEST_F(ShapeTest, AppendedPointsKeepTheirOrderAndFlagsAndWidenTheBox)
     vSHAPE shape;
     AppendLabel(shape);
     ExpectLabel(shape);
-    EXPECT_EQ(shape.NoOfContours(), 1);
-}
 
-TEST_F(ShapeTest, TheBoxFollowsNegativeCoordinatesAndStartsAtTheFirstPoint)
-{
-    vSHAPE shape;
-    shape.AppendPoint(vBEZPOINT(vPOINT(5, 5), 1));
-    EXPECT_TRUE(shape.BoundBox() == vRECT(5, 5, 5, 5));
-    shape.AppendPoint(vBEZPOINT(vPOINT(-3, 9), 8));
-    shape.AppendPoint(vBEZPOINT(vPOINT(2, -7), 8));
-    EXPECT_TRUE(shape.BoundBox() == vRECT(-3, -7, 5, 9));
+    vSHAPE crossing;
+    crossing.AppendPoint(vBEZPOINT(vPOINT(5, 5), 1));
+    EXPECT_TRUE(crossing.BoundBox() == vRECT(5, 5, 5, 5));
+    crossing.AppendPoint(vBEZPOINT(vPOINT(-3, 9), 8));
+    crossing.AppendPoint(vBEZPOINT(vPOINT(2, -7), 8));
+    EXPECT_TRUE(crossing.BoundBox() == vRECT(-3, -7, 5, 9));
 }
 
 TEST_F(ShapeTest, ClosedFollowsTheLastPointAppended)
@@ -80,9 +71,7 @@ TEST_F(ShapeTest, TheArrayConstructorCopiesTheCallersPoints)
     ASSERT_EQ(shape.NoPoint(), 2);
     EXPECT_TRUE(shape[0] == vPOINT(1, 2));
     EXPECT_EQ(shape[0].LineTo(), 8);
-    EXPECT_NE(&shape[1], &second);
     EXPECT_TRUE(shape.BoundBox() == vRECT(1, 2, 3, 4));
-    EXPECT_TRUE(shape.Closed());
 }
 
 TEST_F(ShapeTest, CopiesAndAssignmentsAreDeepAndIndependent)
@@ -96,31 +85,20 @@ TEST_F(ShapeTest, CopiesAndAssignmentsAreDeepAndIndependent)
     original.AppendPoint(vBEZPOINT(vPOINT(-50, -50), 9));
     ExpectLabel(copy);
     ExpectLabel(assigned);
-    EXPECT_NE(&copy[0], &original[0]);
     assigned = assigned;
     ExpectLabel(assigned);
 }
 
-TEST_F(ShapeTest, ALongPathKeepsEveryPointInOrder)
-{
-    vSHAPE shape;
-    for (long i = 0; i < 1000; ++i)
-        ASSERT_EQ(shape.AppendPoint(vBEZPOINT(vPOINT(i, -i), 8)), 1);
-    ASSERT_EQ(shape.NoPoint(), 1000);
-    for (unsigned short i = 0; i < 1000; i += 37)
-        EXPECT_TRUE(shape[i] == vPOINT(i, -i)) << i;
-    EXPECT_TRUE(shape.BoundBox() == vRECT(0, -999, 999, 0));
-}
-
-TEST_F(ShapeTest, AShapeHoldsAtMost65535Points)
+TEST_F(ShapeTest, APathKeepsEveryPointInOrderUpTo65535)
 {
     vSHAPE shape;
     for (long i = 0; i < 65535; ++i)
-        shape.AppendPoint(vBEZPOINT(vPOINT(i, 0), 8));
-    ASSERT_EQ(shape.NoPoint(), 65535);
+        ASSERT_EQ(shape.AppendPoint(vBEZPOINT(vPOINT(i, -i), 8)), 1);
     EXPECT_EQ(shape.AppendPoint(vBEZPOINT(vPOINT(), 8)), 0);
-    EXPECT_EQ(shape.NoPoint(), 65535);
-    EXPECT_TRUE(shape[65534] == vPOINT(65534, 0));
+    ASSERT_EQ(shape.NoPoint(), 65535);
+    for (long i = 0; i < 65535; i += 4099)
+        EXPECT_TRUE(shape[static_cast<unsigned short>(i)] == vPOINT(i, -i)) << i;
+    EXPECT_TRUE(shape.BoundBox() == vRECT(0, -65534, 65534, 0));
 }
 
 }  // namespace

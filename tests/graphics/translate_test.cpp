@@ -27,14 +27,4 @@ INSTANTIATE_TEST_SUITE_P(Table, TranslateTest, ::testing::Values(
     Placing{5, 7, -40, 3, 5, 7},
     Placing{-3.5, 2.25, 9, 9, -4, 2}));
 
-TEST(TranslateCopyTest, CopyAndAssignmentMapAlike)
-{
-    vTRANSLATE original(vREAL(-2), vREAL(11));
-    vTRANSLATE copy(original);
-    vTRANSLATE assigned(vREAL(0), vREAL(0));
-    assigned = original;
-    EXPECT_TRUE(copy(vPOINT(1, 1)) == vPOINT(-2, 11));
-    EXPECT_TRUE(assigned(vPOINT(1, 1)) == vPOINT(-2, 11));
-}
-
 }  // namespace

@@ -1,0 +1,236 @@
+#pragma once
+
+#include <windows.h>
+
+#include "base/char.h"
+#include "base/collection.h"
+#include "base/list.h"
+#include "base/rect.h"
+#include "base/string.h"
+#include "graphics/devicetypes.h"
+#include "graphics/fillspec.h"
+#include "graphics/fontspec.h"
+#include "graphics/linespec.h"
+#include "graphics/shape.h"
+
+class vBITMAP;
+class vFONTDETAIL;
+class vSCREEN;
+
+// The abstract drawing surface. Application code sets a line, a fill and a
+// font specification and a clip area, and draws in logical units; the device
+// turns all of that into platform pens, brushes, fonts and regions on the
+// context that its leaf class supplies. Logical units are as many per inch as
+// the device's own until told otherwise. Rectangles are drawn with their right
+// and bottom edges outside, as the hit test of vRECT counts them.
+class ZKSHELL_API vDEVICE : public vOBJECT {
+public:
+    vDEVICE();
+    // The copy draws as the original does but holds no context or platform
+    // object of its own until it draws; the saved stacks are copied, not shared.
+    vDEVICE(const vDEVICE& other);
+    vDEVICE& operator=(const vDEVICE& other);
+
+    virtual ~vDEVICE();
+    virtual vDEV_TYPE DeviceType();
+    // Turns the colour in place into what the device shows in the mode; for
+    // vDISPLAY_SHADE the colour becomes numerator / denominator of itself.
+    virtual int DisplayMode(vDISPLAY_MODE mode, vCOLOUR& colour, int numerator, int denominator);
+    virtual HDC GetWinDC() = 0;
+    virtual int ReleaseWinDC() = 0;
+
+    // A count of 0 (or less) returns to one logical unit per device unit.
+    virtual void LogUnitsPerHorzInch(const vINT& units);
+    virtual vINT LogUnitsPerHorzInch();
+    virtual void LogUnitsPerVertInch(const vINT& units);
+    virtual vINT LogUnitsPerVertInch();
+    virtual vINT DevUnitsPerHorzInch();
+    virtual vINT DevUnitsPerVertInch();
+    virtual vINT GetNoColours();
+
+    // The whole drawing state: specs, clip area, origin and transparency.
+    virtual int PushState();
+    virtual int PopState();
+
+    virtual void LineSpec(const vLINESPEC& spec);
+    virtual const vLINESPEC& LineSpec() const;
+    virtual int PushLineSpec();
+    virtual int PopLineSpec();
+
+    virtual void FillSpec(const vFILLSPEC& spec);
+    virtual const vFILLSPEC& FillSpec() const;
+    virtual int PushFillSpec();
+    virtual int PopFillSpec();
+
+    // The current font measured on this device; null when memory runs out.
+    virtual vFONTDETAIL* GetCurFontDetail();
+    virtual void FontSpec(const vFONTSPEC& spec);
+    virtual vFONTSPEC FontSpec() const;
+    virtual int PushFontSpec();
+    virtual int PopFontSpec();
+
+    // Each clip setting replaces the one before; drawing lands only inside.
+    virtual int ClipArea(const vSHAPE& shape);
+    virtual int ClipArea(const vRECT& rect);
+    // The box round the area that drawing may reach, in logical units.
+    virtual vRECT ClipArea();
+    virtual void ClearClipArea();
+    virtual int PushClipArea();
+    virtual int PopClipArea();
+    virtual int ClipAreaIntersect(const vPOINT& point);
+    virtual int ClipAreaIntersect(const vRECT& rect);
+
+    // Lines leave out their last point, as the platform draws them.
+    virtual int DrawLine(const vPOINT& from, const vPOINT& to);
+    // A poly-line through count vPOINT arguments.
+    virtual int DrawLine(vINT count, ...);
+    virtual int DrawLine(vINT count, vCOLLECTION& points);
+    virtual int DrawRect(const vRECT& rect);
+    virtual int DrawRoundRect(const vRECT& rect, const vSIZE& corner);
+    virtual int DrawEllipse(const vRECT& rect);
+    // The arcs run anticlockwise from the ray through start to the ray through end.
+    virtual int DrawArc(const vRECT& rect, const vPOINT& start, const vPOINT& end);
+    virtual int DrawPie(const vRECT& rect, const vPOINT& start, const vPOINT& end);
+    virtual int DrawChord(const vRECT& rect, const vPOINT& start, const vPOINT& end);
+    virtual int DrawShape(const vSHAPE& shape);
+
+    // One line of text in the line colour, across the rectangle as aligned
+    // and centred from top to bottom; an opaque device first fills the box
+    // of the text with the fill spec.
+    virtual int DrawTextA(const vSTRING& text, const vRECT& rect, vTEXTALIGN align);
+    // The character's cell has its top left corner at the point.
+    virtual int DrawChar(const vCHAR& character, const vPOINT& at);
+    // Each character advances by its entry of advances (logical units), or by
+    // its own width when advances is null.
+    virtual int DrawTextOnLine(const vSTRING& text, const vPOINT& at, const short* advances);
+    // Non-zero: text and hatches leave the background between their strokes.
+    virtual void Transparency(int on);
+
+    virtual int DrawBitmap(const vBITMAP& bitmap, const vRECT& source, const vRECT& target);
+    virtual int DrawBitmap(const vBITMAP& bitmap, const vRECT& target);
+    virtual int DrawBitmap(const vBITMAP& bitmap, const vPOINT& at);
+    // Leaves the pixels of the key colour undrawn.
+    virtual int DrawTransparentBitmap(const vBITMAP& bitmap, const vPOINT& at, const vCOLOUR& key);
+
+    // The repaint handler of the area.
+    virtual int vDraw(const vRECT& area);
+
+    int ReleaseDC() const;
+    static HDC GetZKDC();
+    // Between these all drawing goes to the context handed in, which stays
+    // the platform's.
+    void BeginDraw(HDC dc);
+    void EndDraw();
+    static vSCREEN& GetScreen();
+
+    // Positions floor; the far edges of a rectangle take the ceiling so that
+    // the whole of what is given is covered.
+    vPOINT LPtoDP(const vPOINT& point);
+    vRECT LPtoDP(const vRECT& rect);
+    vPOINT DPtoLP(const vPOINT& point);
+    vRECT DPtoLP(const vRECT& rect);
+    // A length on the device takes the ceiling, so that nothing drawn vanishes;
+    // a length in logical units takes the floor.
+    vINT LHtoDH(const vINT& length);
+    vINT DHtoLH(const vINT& length);
+    vINT LVtoDV(const vINT& length);
+    vINT DVtoLV(const vINT& length);
+    // The logical point that lands on the device's top left corner.
+    void Origin(const vPOINT& origin);
+
+protected:
+    HDC ActivateDC();
+    // The context for a moment's measuring, and its return unless it was
+    // held before.
+    HDC Borrow(int& held);
+    void GiveBack(int held);
+    // Scales every font this device makes, as dialog units need.
+    void SetFontRatio(vREAL ratio);
+
+    virtual HDC GetMSDC();
+    virtual int ReleaseMSDC();
+
+    // The drawing halves. Each takes logical units and answers 0 when there
+    // is no context to draw on.
+    virtual vINT GetLogFontHeight();
+    // The device point where the last line ended.
+    virtual int LastPoint(POINT& point);
+    virtual int LineRect(const vRECT& rect);
+    virtual int FillRect(const vRECT& rect);
+    virtual int LineEllipse(const vRECT& rect);
+    virtual int FillEllipse(const vRECT& rect);
+    virtual int LineShape(const vSHAPE& shape);
+    virtual int FillShape(const vSHAPE& shape);
+    virtual int LineText(const vSTRING& text, const vRECT& rect, vTEXTALIGN align);
+    virtual int FillText(const vSTRING& text, const vRECT& rect, vTEXTALIGN align);
+
+private:
+    friend class vFONTDETAIL;
+
+    // What one entry of the state stack holds, and which parts of it count.
+    class SAVEDSTATE;
+    enum SAVED { SAVED_LINE = 1, SAVED_FILL = 2, SAVED_FONT = 4, SAVED_CLIP = 8, SAVED_ALL = 15 };
+
+    // A drawing pass: the context with this device's objects and clip in
+    // place, and what is to be put back afterwards.
+    struct PASS {
+        HDC dc;
+        int saved;
+    };
+
+    int Open(PASS& pass, HGDIOBJ pen, HGDIOBJ brush);
+    void Close(const PASS& pass);
+    HGDIOBJ Pen();
+    HGDIOBJ Brush();
+    HFONT Font();
+    void DropPen();
+    void DropBrush();
+    void DropFont();
+    void DropObjects();
+    void CopyFrom(const vDEVICE& other);
+    void Clear();
+
+    int Push(int what);
+    int Pop(int what);
+    void Restore(SAVEDSTATE& saved);
+    void CopyStack(const fSTACK& from, const fLINK* link);
+
+    int Measure(int index);
+    vREAL Across(const vINT& value, int toDevice);
+    vREAL Down(const vINT& value, int toDevice);
+    int TracePath(HDC dc, const vSHAPE& shape);
+    RECT TextBox(HDC dc, const vSTRING& text, const vRECT& rect, vTEXTALIGN align);
+    int Curve(const vRECT& rect, const vPOINT& start, const vPOINT& end,
+              BOOL(WINAPI* draw)(HDC, int, int, int, int, int, int, int, int), HGDIOBJ brush);
+    int Blit(const vBITMAP& bitmap, const RECT& source, const RECT& target);
+
+    static HDC current;
+
+    mutable HDC dc;
+    HRGN clip;
+    vREAL fontRatio;
+    HFONT font;
+    // Non-zero between BeginDraw and EndDraw.
+    unsigned short painting;
+    vFONTDETAIL* pFontDetail;
+    vINT logHorz;
+    HGDIOBJ pen;
+    vINT logVert;
+    vINT devHorz;
+    vINT devVert;
+    vINT transparent;
+    vPOINT origin;
+    HGDIOBJ brush;
+    fSTACK stateStack;
+    vLINESPEC lineSpec;
+    vFILLSPEC fillSpec;
+    POINT lastPoint;
+};
+
+// The rest of the device family.
+#include "graphics/bitmap.h"
+#include "graphics/deviceid.h"
+#include "graphics/fontdetail.h"
+#include "graphics/memdevice.h"
+#include "graphics/screen.h"
+#include "graphics/windowid.h"

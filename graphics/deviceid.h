@@ -1,0 +1,23 @@
+#pragma once
+
+#include "graphics/device.h"
+
+// A device on a context that someone else owns, such as the one an owner-drawn
+// item hands in: it draws there and never gives the context back.
+class ZKSHELL_API vDEVICEID : public vDEVICE {
+public:
+    explicit vDEVICEID(HDC hDC);
+    ~vDEVICEID() override;
+
+    vDEV_TYPE DeviceType() override;
+    HDC GetWinDC() override;
+    int ReleaseWinDC() override;
+    HDC operator()() const;
+
+protected:
+    HDC GetMSDC() override;
+    int ReleaseMSDC() override;
+
+private:
+    HDC hDC;
+};

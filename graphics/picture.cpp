@@ -1,0 +1,3 @@
+#include "graphics/picture.h"
+
+vPICTURE::~vPICTURE() = default;

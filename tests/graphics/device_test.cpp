@@ -1,0 +1,291 @@
+#include "graphics/surface.h"
+
+#include "graphics/elpsshape.h"
+#include "graphics/rectshape.h"
+
+using namespace zktest;
+
+namespace {
+
+class DrawTest : public SurfaceTest {};
+
+TEST_F(DrawTest, RectOutlineCoversLeftAndTopButNotRightAndBottom)
+{
+    device().LineSpec(Line(Red, 1));
+    ASSERT_TRUE(device().DrawRect(vRECT(10, 10, 30, 20)));
+    Pixels pixels = Read();
+    ASSERT_TRUE(pixels.Read());
+    EXPECT_EQ(pixels.At(10, 10), Red);
+    EXPECT_EQ(pixels.At(29, 19), Red);
+    EXPECT_EQ(pixels.At(29, 10), Red);
+    EXPECT_EQ(pixels.At(10, 19), Red);
+    EXPECT_EQ(pixels.At(30, 15), Black);
+    EXPECT_EQ(pixels.At(20, 20), Black);
+    EXPECT_EQ(pixels.At(20, 15), Black) << "a fresh device fills nothing";
+    RECT ink = pixels.Ink();
+    EXPECT_EQ(ink.left, 10);
+    EXPECT_EQ(ink.top, 10);
+    EXPECT_EQ(ink.right, 30);
+    EXPECT_EQ(ink.bottom, 20);
+}
+
+TEST_F(DrawTest, FillCoversTheSameAreaAsTheOutline)
+{
+    device().LineSpec(NoLine());
+    device().FillSpec(Fill(Blue));
+    ASSERT_TRUE(device().DrawRect(vRECT(10, 10, 30, 20)));
+    Pixels pixels = Read();
+    EXPECT_EQ(pixels.Count(Blue), 20 * 10);
+    RECT ink = pixels.Ink();
+    EXPECT_EQ(ink.left, 10);
+    EXPECT_EQ(ink.top, 10);
+    EXPECT_EQ(ink.right, 30);
+    EXPECT_EQ(ink.bottom, 20);
+}
+
+TEST_F(DrawTest, OutlineIsDrawnOverTheFill)
+{
+    device().LineSpec(Line(Red, 1));
+    device().FillSpec(Fill(Blue));
+    device().DrawRect(vRECT(10, 10, 30, 20));
+    Pixels pixels = Read();
+    EXPECT_EQ(pixels.At(10, 15), Red);
+    EXPECT_EQ(pixels.At(11, 15), Blue);
+    EXPECT_EQ(pixels.Count(Blue), 18 * 8);
+}
+
+TEST_F(DrawTest, WideOutlineStaysInsideTheRectangle)
+{
+    device().LineSpec(Line(Red, 4));
+    device().DrawRect(vRECT(10, 10, 50, 50));
+    Pixels pixels = Read();
+    RECT ink = pixels.Ink();
+    EXPECT_EQ(ink.left, 10);
+    EXPECT_EQ(ink.top, 10);
+    EXPECT_EQ(ink.right, 50);
+    EXPECT_EQ(ink.bottom, 50);
+    EXPECT_EQ(pixels.At(13, 30), Red);
+    EXPECT_EQ(pixels.At(14, 30), Black);
+}
+
+int InkRowsAt(Pixels& pixels, int x)
+{
+    int rows = 0;
+    for (int y = 0; y < 100; ++y)
+        rows += pixels.At(x, y) != Black;
+    return rows;
+}
+
+TEST_F(DrawTest, LineWidthSetsTheRowsOfInk)
+{
+    device().LineSpec(Line(Green, 1));
+    device().DrawLine(vPOINT(10, 20), vPOINT(40, 20));
+    device().LineSpec(Line(Green, 5));
+    device().DrawLine(vPOINT(50, 60), vPOINT(90, 60));
+    Pixels pixels = Read();
+    EXPECT_EQ(pixels.At(10, 20), Green);
+    EXPECT_EQ(pixels.At(40, 20), Black) << "the last point is left out";
+    EXPECT_EQ(InkRowsAt(pixels, 25), 1);
+    EXPECT_EQ(InkRowsAt(pixels, 70), 5);
+    EXPECT_EQ(pixels.At(70, 58), Green);
+    EXPECT_EQ(pixels.At(70, 62), Green);
+}
+
+TEST_F(DrawTest, PolyLineVisitsEveryPointAndRemembersTheLast)
+{
+    device().LineSpec(Line(White, 1));
+    ASSERT_TRUE(device().DrawLine(vINT(3), vPOINT(10, 10), vPOINT(50, 10), vPOINT(50, 40)));
+    Pixels pixels = Read();
+    EXPECT_EQ(pixels.At(30, 10), White);
+    EXPECT_EQ(pixels.At(50, 25), White);
+    EXPECT_EQ(pixels.At(30, 25), Black);
+    POINT last;
+    struct Reader : vMEMDEVICE {
+        using vDEVICE::LastPoint;
+    };
+    static_cast<Reader&>(device()).LastPoint(last);
+    EXPECT_EQ(last.x, 50);
+    EXPECT_EQ(last.y, 40);
+}
+
+TEST_F(DrawTest, EllipseFillStaysInsideItsBox)
+{
+    device().LineSpec(NoLine());
+    device().FillSpec(Fill(Blue));
+    device().DrawEllipse(vRECT(20, 20, 60, 60));
+    Pixels pixels = Read();
+    EXPECT_EQ(pixels.At(40, 40), Blue);
+    EXPECT_EQ(pixels.At(21, 21), Black);
+    RECT ink = pixels.Ink();
+    EXPECT_EQ(ink.left, 20);
+    EXPECT_EQ(ink.right, 60);
+}
+
+TEST_F(DrawTest, ShapeIsFilledAndOutlinedAlongItsPath)
+{
+    device().LineSpec(Line(Red, 1));
+    device().FillSpec(Fill(Blue));
+    device().DrawShape(vRECTSHAPE(vRECT(10, 10, 40, 40)));
+    Pixels pixels = Read();
+    EXPECT_EQ(pixels.At(10, 10), Red);
+    EXPECT_EQ(pixels.At(40, 40), Red);
+    EXPECT_EQ(pixels.At(25, 25), Blue);
+    EXPECT_EQ(pixels.At(45, 25), Black);
+}
+
+TEST_F(DrawTest, HatchedFillLeavesTheBackgroundBetweenItsLines)
+{
+    device().LineSpec(NoLine());
+    device().FillSpec(Fill(Green, vFILL_HATCH_CROSS));
+    device().DrawRect(vRECT(0, 0, 40, 40));
+    Pixels pixels = Read();
+    int green = pixels.Count(Green);
+    EXPECT_GT(green, 0);
+    EXPECT_LT(green, 40 * 40 / 2);
+}
+
+class ClipTest : public SurfaceTest {
+protected:
+    void FloodAll()
+    {
+        device().LineSpec(NoLine());
+        device().FillSpec(Fill(White));
+        device().DrawRect(vRECT(0, 0, Side, Side));
+    }
+};
+
+TEST_F(ClipTest, RectangleKeepsDrawingInside)
+{
+    ASSERT_TRUE(device().ClipArea(vRECT(20, 30, 40, 70)));
+    FloodAll();
+    Pixels pixels = Read();
+    RECT ink = pixels.Ink();
+    EXPECT_EQ(ink.left, 20);
+    EXPECT_EQ(ink.top, 30);
+    EXPECT_EQ(ink.right, 40);
+    EXPECT_EQ(ink.bottom, 70);
+    EXPECT_EQ(pixels.Count(White), 20 * 40);
+}
+
+TEST_F(ClipTest, EllipseShapeCutsTheCorners)
+{
+    ASSERT_TRUE(device().ClipArea(vELPSSHAPE(vRECT(10, 10, 70, 70))));
+    FloodAll();
+    Pixels pixels = Read();
+    EXPECT_EQ(pixels.At(40, 40), White);
+    EXPECT_EQ(pixels.At(40, 12), White);
+    EXPECT_EQ(pixels.At(12, 12), Black);
+    EXPECT_EQ(pixels.At(67, 67), Black);
+    RECT ink = pixels.Ink();
+    EXPECT_GE(ink.left, 9);
+    EXPECT_LE(ink.right, 72);
+    EXPECT_GT(pixels.Count(White), 2600);
+    EXPECT_LT(pixels.Count(White), 3000);
+}
+
+TEST_F(ClipTest, IntersectTellsWhatLiesInside)
+{
+    EXPECT_TRUE(device().ClipAreaIntersect(vPOINT(500, 500))) << "no clip lets everything through";
+    device().ClipArea(vRECT(20, 20, 40, 40));
+    EXPECT_TRUE(device().ClipAreaIntersect(vPOINT(20, 20)));
+    EXPECT_FALSE(device().ClipAreaIntersect(vPOINT(40, 30)));
+    EXPECT_TRUE(device().ClipAreaIntersect(vRECT(35, 35, 60, 60)));
+    EXPECT_FALSE(device().ClipAreaIntersect(vRECT(45, 45, 60, 60)));
+    EXPECT_TRUE(device().ClipArea() == vRECT(20, 20, 40, 40));
+    device().ClearClipArea();
+    EXPECT_TRUE(device().ClipArea() == vRECT(0, 0, Side, Side));
+}
+
+}  // namespace
+
+namespace {
+
+class DrawModeTest : public SurfaceTest {};
+
+TEST_F(DrawModeTest, ExclusiveOrDrawnTwiceLeavesNoTrace)
+{
+    device().LineSpec(NoLine());
+    device().FillSpec(Fill(RGB(200, 100, 50)));
+    device().DrawRect(vRECT(0, 0, 50, Side));
+    Pixels before = Read();
+    device().DrawMode(vDRAW_XOR);
+    device().LineSpec(Line(RGB(10, 200, 30), 3));
+    device().FillSpec(Fill(RGB(90, 60, 255)));
+    device().DrawRect(vRECT(20, 20, 80, 80));
+    device().DrawEllipse(vRECT(10, 30, 90, 70));
+    device().DrawLine(vPOINT(0, 5), vPOINT(99, 95));
+    Pixels once = Read();
+    EXPECT_FALSE(once == before);
+    EXPECT_EQ(once.At(30, 25), RGB(200 ^ 90, 100 ^ 60, 50 ^ 255));
+    device().DrawRect(vRECT(20, 20, 80, 80));
+    device().DrawEllipse(vRECT(10, 30, 90, 70));
+    device().DrawLine(vPOINT(0, 5), vPOINT(99, 95));
+    EXPECT_TRUE(Read() == before);
+}
+
+TEST_F(DrawModeTest, CopyModeComesBack)
+{
+    device().DrawMode(vDRAW_XOR);
+    device().DrawMode(vDRAW_COPY);
+    device().LineSpec(NoLine());
+    device().FillSpec(Fill(Red));
+    device().DrawRect(vRECT(0, 0, 10, 10));
+    device().DrawRect(vRECT(0, 0, 10, 10));
+    EXPECT_EQ(Read().Count(Red), 100);
+}
+
+class GdiLeakTest : public SurfaceTest {
+protected:
+    // Every kind of drawing, each with fresh specs, so that every pen, brush,
+    // font and region the device makes is made again.
+    void DrawEverything(int round)
+    {
+        COLORREF colour = RGB(round & 0xFF, 100, 200);
+        device().PushState();
+        device().LineSpec(Line(colour, 1 + round % 4, static_cast<vDASHTYPE>(round % 5)));
+        device().FillSpec(Fill(colour, round % 2 ? vFILL_SOLID : vFILL_HATCH_CROSS));
+        device().FontSpec(vFONTSPEC(vSTRING(), vFONT_BOLD, 8 + round % 5, vREAL(1.5), 100,
+                                    vFONT_POINTS, vANGLE()));
+        device().ClipArea(vELPSSHAPE(vRECT(0, 0, 90, 90)));
+        device().PushClipArea();
+        device().ClipArea(vRECT(5, 5, 95, 95));
+        device().DrawRect(vRECT(1, 1, 50, 50));
+        device().DrawEllipse(vRECT(10, 10, 60, 40));
+        device().DrawRoundRect(vRECT(10, 10, 60, 40), vSIZE(6, 6));
+        device().DrawPie(vRECT(10, 10, 60, 60), vPOINT(60, 35), vPOINT(35, 10));
+        device().DrawShape(vRECTSHAPE(vRECT(20, 20, 30, 30)));
+        device().Transparency(round % 2);
+        device().DrawTextA(vSTRING("Leak"), vRECT(0, 0, 100, 30), vTEXT_CENTRE);
+        device().DrawChar(vCHAR('x'), vPOINT(3, 3));
+        device().GetCurFontDetail()->GetDefStringWidth(vSTRING("width"));
+        device().PopClipArea();
+        device().PopState();
+    }
+};
+
+TEST_F(GdiLeakTest, ManyDrawingsHoldNoMoreObjectsThanOne)
+{
+    DrawEverything(0);
+    unsigned long before = LiveGdiObjects();
+    ASSERT_GT(before, 0u);
+    for (int round = 1; round <= 300; ++round)
+        DrawEverything(round);
+    EXPECT_EQ(LiveGdiObjects(), before);
+}
+
+TEST_F(GdiLeakTest, ADeviceGivesBackAllItMadeWhenItDies)
+{
+    unsigned long before = LiveGdiObjects();
+    {
+        vMEMDEVICE other(vSIZE(30, 30));
+        other.LineSpec(Line(Red, 2));
+        other.FillSpec(Fill(Blue));
+        other.ClipArea(vRECT(0, 0, 10, 10));
+        other.PushState();
+        other.DrawRect(vRECT(0, 0, 20, 20));
+        other.DrawTextA(vSTRING("x"), vRECT(0, 0, 20, 20), vTEXT_LEFT);
+    }
+    EXPECT_EQ(LiveGdiObjects(), before);
+}
+
+}  // namespace
