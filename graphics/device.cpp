@@ -6,7 +6,7 @@
 namespace {
 
 const int UsualUnitsPerInch = 96;
-const int PatternBytes = 6;
+const unsigned short PatternBytes = 6;
 const int JoinShift = 12;
 const int DeepestColour = 24;
 
@@ -32,7 +32,8 @@ HRGN CopyRegion(HRGN region)
     if (!region)
         return nullptr;
     HRGN copy = CreateRectRgn(0, 0, 0, 0);
-    CombineRgn(copy, region, nullptr, RGN_COPY);
+    if (copy)
+        CombineRgn(copy, region, nullptr, RGN_COPY);
     return copy;
 }
 
@@ -51,10 +52,51 @@ POINT Platform(const vPOINT& point)
 // Sets a pen's run from the six pattern bytes, stopping at the first 0.
 DWORD UserStyle(const vLINESPEC& spec, DWORD* run)
 {
-    DWORD count = 0;
-    while (count < PatternBytes && spec.Pattern(static_cast<unsigned short>(count)))
-        run[count] = spec.Pattern(static_cast<unsigned short>(count)), ++count;
+    unsigned short count = 0;
+    for (; count < PatternBytes && spec.Pattern(count); ++count)
+        run[count] = spec.Pattern(count);
     return count;
+}
+
+// A line one device unit wide is cosmetic, so that its dashes keep their
+// length; a wider one is geometric, and a solid one keeps inside the figures
+// it outlines.
+HPEN MakePen(const vLINESPEC& spec, int width)
+{
+    LOGBRUSH ink = {BS_SOLID, spec.Colour().PackedRGB(), 0};
+    DWORD run[PatternBytes];
+    DWORD runLength = 0;
+    DWORD style = static_cast<DWORD>(spec.DashType());
+    if (spec.DashType() == vDASH_PATTERN) {
+        style = PS_USERSTYLE;
+        runLength = UserStyle(spec, run);
+    }
+    const DWORD* pattern = runLength ? run : nullptr;
+    if (width <= 1)
+        return ExtCreatePen(PS_COSMETIC | style, 1, &ink, runLength, pattern);
+    DWORD join = static_cast<DWORD>(spec.CornerType()) << JoinShift;
+    DWORD body = style == PS_SOLID ? PS_INSIDEFRAME : style;
+    return ExtCreatePen(PS_GEOMETRIC | body | PS_ENDCAP_FLAT | join, width, &ink, runLength, pattern);
+}
+
+// The classic three passes: what lies under the key colour is flipped by the
+// picture, cleared elsewhere by the mask, and flipped back.
+int MaskedBlit(HDC target, const POINT& at, HDC picture, int width, int height, const vCOLOUR& key)
+{
+    HDC masking = CreateCompatibleDC(target);
+    HBITMAP mask = CreateBitmap(width, height, 1, 1, nullptr);
+    HGDIOBJ previous = SelectObject(masking, mask);
+    SetBkColor(picture, key.PackedRGB());
+    BitBlt(masking, 0, 0, width, height, picture, 0, 0, SRCCOPY);
+    SetTextColor(target, RGB(0, 0, 0));
+    SetBkColor(target, RGB(255, 255, 255));
+    BitBlt(target, at.x, at.y, width, height, picture, 0, 0, SRCINVERT);
+    BitBlt(target, at.x, at.y, width, height, masking, 0, 0, SRCAND);
+    int done = BitBlt(target, at.x, at.y, width, height, picture, 0, 0, SRCINVERT);
+    SelectObject(masking, previous);
+    DeleteObject(mask);
+    DeleteDC(masking);
+    return done;
 }
 
 }  // namespace
@@ -522,33 +564,17 @@ int vDEVICE::DrawBitmap(const vBITMAP& bitmap, const vPOINT& at)
     return Blit(bitmap, whole, target);
 }
 
-// The classic three passes: what lies under the key colour is flipped by the
-// picture, cleared elsewhere by the mask, and flipped back.
 int vDEVICE::DrawTransparentBitmap(const vBITMAP& bitmap, const vPOINT& at, const vCOLOUR& key)
 {
     POINT start = Platform(LPtoDP(at));
     vRECT size = bitmap.Size();
-    int width = size.Width()();
-    int height = size.Height()();
     PASS pass;
     if (!bitmap.handle || !Open(pass, GetStockObject(NULL_PEN), GetStockObject(NULL_BRUSH)))
         return 0;
     HDC picture = CreateCompatibleDC(pass.dc);
-    HDC masking = CreateCompatibleDC(pass.dc);
-    HBITMAP mask = CreateBitmap(width, height, 1, 1, nullptr);
-    HGDIOBJ oldPicture = SelectObject(picture, bitmap.handle);
-    HGDIOBJ oldMask = SelectObject(masking, mask);
-    SetBkColor(picture, key.PackedRGB());
-    BitBlt(masking, 0, 0, width, height, picture, 0, 0, SRCCOPY);
-    SetTextColor(pass.dc, RGB(0, 0, 0));
-    SetBkColor(pass.dc, RGB(255, 255, 255));
-    BitBlt(pass.dc, start.x, start.y, width, height, picture, 0, 0, SRCINVERT);
-    BitBlt(pass.dc, start.x, start.y, width, height, masking, 0, 0, SRCAND);
-    int done = BitBlt(pass.dc, start.x, start.y, width, height, picture, 0, 0, SRCINVERT);
-    SelectObject(masking, oldMask);
-    SelectObject(picture, oldPicture);
-    DeleteObject(mask);
-    DeleteDC(masking);
+    HGDIOBJ previous = SelectObject(picture, bitmap.handle);
+    int done = MaskedBlit(pass.dc, start, picture, size.Width()(), size.Height()(), key);
+    SelectObject(picture, previous);
     DeleteDC(picture);
     Close(pass);
     return done;
@@ -779,7 +805,9 @@ int vDEVICE::Open(PASS& pass, HGDIOBJ linePen, HGDIOBJ fillBrush)
     pass.saved = SaveDC(pass.dc);
     SelectObject(pass.dc, linePen);
     SelectObject(pass.dc, fillBrush);
-    SelectClipRgn(pass.dc, clip);
+    // A context handed in may come clipped already; the device's area narrows it.
+    if (clip)
+        ExtSelectClipRgn(pass.dc, clip, RGN_AND);
     SetBkMode(pass.dc, transparent() ? TRANSPARENT : OPAQUE);
     SetBkColor(pass.dc, fillSpec.ColourTo().PackedRGB());
     SetTextColor(pass.dc, lineSpec.Colour().PackedRGB());
@@ -795,26 +823,10 @@ void vDEVICE::Close(const PASS& pass)
 
 HGDIOBJ vDEVICE::Pen()
 {
-    if (pen)
-        return pen;
     if (lineSpec.LineType() == vLINE_NONE)
         return GetStockObject(NULL_PEN);
-    int width = LHtoDH(lineSpec.Width())();
-    LOGBRUSH ink = {BS_SOLID, lineSpec.Colour().PackedRGB(), 0};
-    DWORD run[PatternBytes];
-    DWORD runLength = 0;
-    DWORD style = static_cast<DWORD>(lineSpec.DashType());
-    if (lineSpec.DashType() == vDASH_PATTERN) {
-        style = PS_USERSTYLE;
-        runLength = UserStyle(lineSpec, run);
-    }
-    if (width <= 1)
-        pen = ExtCreatePen(PS_COSMETIC | style, 1, &ink, runLength, runLength ? run : nullptr);
-    else
-        // A wide solid line keeps inside the figures it outlines.
-        pen = ExtCreatePen(PS_GEOMETRIC | (style == PS_SOLID ? PS_INSIDEFRAME : style) | PS_ENDCAP_FLAT
-                               | static_cast<DWORD>(lineSpec.CornerType()) << JoinShift,
-                           width, &ink, runLength, runLength ? run : nullptr);
+    if (!pen)
+        pen = MakePen(lineSpec, LHtoDH(lineSpec.Width())());
     return pen ? pen : GetStockObject(BLACK_PEN);
 }
 

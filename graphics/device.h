@@ -206,16 +206,22 @@ private:
 
     static HDC current;
 
+    // The context held, from ActivateDC or BeginDraw until it is let go.
     mutable HDC dc;
+    // In device units; null while drawing may go anywhere.
     HRGN clip;
     vREAL fontRatio;
+    // The platform objects made for the current specs, kept until a spec or
+    // the units change: never more than one pen, one brush and one font.
     HFONT font;
     // Non-zero between BeginDraw and EndDraw.
     unsigned short painting;
     vFONTDETAIL* pFontDetail;
+    // 0 while logical units follow the device's.
     vINT logHorz;
     HGDIOBJ pen;
     vINT logVert;
+    // Measured on the first conversion.
     vINT devHorz;
     vINT devVert;
     vINT transparent;

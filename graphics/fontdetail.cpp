@@ -57,11 +57,14 @@ vINT vFONTDETAIL::AverageWidth() const
 HFONT vFONTDETAIL::MakeFont()
 {
     LOGFONTA description = Describe();
-    if (expansion() == 0 || expansion == vREAL(1))
-        return CreateFontIndirectA(&description);
+    HFONT natural = CreateFontIndirectA(&description);
+    if (!natural || expansion() == 0 || expansion == vREAL(1))
+        return natural;
     TEXTMETRICA metrics;
     SIZE extent;
-    if (Measure(vSTRING(), metrics, extent))
+    int measured = Measure(natural, vSTRING(), metrics, extent);
+    DeleteObject(natural);
+    if (measured)
         description.lfWidth = (vINT(metrics.tmAveCharWidth) * expansion).Ceil()();
     return CreateFontIndirectA(&description);
 }
@@ -97,18 +100,24 @@ vREAL vFONTDETAIL::DeviceHeight()
 
 int vFONTDETAIL::Measure(const vSTRING& text, TEXTMETRICA& metrics, SIZE& extent)
 {
+    HFONT font = MakeFont();
+    int done = font && Measure(font, text, metrics, extent);
+    if (font)
+        DeleteObject(font);
+    return done;
+}
+
+int vFONTDETAIL::Measure(HFONT font, const vSTRING& text, TEXTMETRICA& metrics, SIZE& extent)
+{
     if (!device)
         return 0;
     int held;
     HDC dc = device->Borrow(held);
     if (!dc)
         return 0;
-    LOGFONTA description = Describe();
-    HFONT font = CreateFontIndirectA(&description);
     HGDIOBJ previous = SelectObject(dc, font);
     int done = GetTextMetricsA(dc, &metrics) && GetTextExtentPoint32A(dc, text(), text.Length(), &extent);
     SelectObject(dc, previous);
-    DeleteObject(font);
     device->GiveBack(held);
     return done;
 }

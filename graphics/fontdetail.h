@@ -29,10 +29,13 @@ private:
 
     // A fresh platform font for the spec on the device; the caller deletes it.
     HFONT MakeFont();
+    // The font with the characters' natural width.
     LOGFONTA Describe();
     vREAL DeviceHeight();
-    // Selects a fresh font into the device's context and measures with it.
+    // Measures the text in a fresh font of the spec.
     int Measure(const vSTRING& text, TEXTMETRICA& metrics, SIZE& extent);
+    // Selects the font into the device's context and measures with it.
+    int Measure(HFONT font, const vSTRING& text, TEXTMETRICA& metrics, SIZE& extent);
 
     // Measuring borrows the device's context, which changes nothing that
     // the device's users can see, so a const device is measured too.

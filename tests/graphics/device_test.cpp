@@ -108,6 +108,62 @@ TEST_F(DrawTest, PolyLineVisitsEveryPointAndRemembersTheLast)
     EXPECT_EQ(last.y, 40);
 }
 
+TEST_F(DrawTest, DashesLeaveGapsAlongTheLine)
+{
+    device().LineSpec(Line(White, 1, vDASH_DASH));
+    device().DrawLine(vPOINT(0, 10), vPOINT(Side, 10));
+    const unsigned char pattern[6] = {2, 2};
+    device().LineSpec(vLINESPEC(vLINE_SOLID, Colour(Red), 1, vCORNER_MITRE, vDASH_PATTERN, pattern));
+    device().DrawLine(vPOINT(0, 20), vPOINT(Side, 20));
+    Pixels pixels = Read();
+    int dashed = 0;
+    int patterned = 0;
+    for (int x = 0; x < Side; ++x) {
+        dashed += pixels.At(x, 10) == White;
+        patterned += pixels.At(x, 20) == Red;
+    }
+    EXPECT_GT(dashed, Side / 3);
+    EXPECT_LT(dashed, Side - 10);
+    EXPECT_NEAR(patterned, Side / 2, 4) << "as much on as off";
+}
+
+TEST_F(DrawTest, PieFillsItsWedgeAndArcFillsNothing)
+{
+    device().LineSpec(Line(Red, 1));
+    device().FillSpec(Fill(Blue));
+    // Anticlockwise from the right middle to the top middle: the top right quarter.
+    device().DrawPie(vRECT(0, 0, 80, 80), vPOINT(80, 40), vPOINT(40, 0));
+    device().DrawArc(vRECT(0, 0, 80, 80), vPOINT(40, 80), vPOINT(0, 40));
+    Pixels pixels = Read();
+    EXPECT_EQ(pixels.At(55, 25), Blue);
+    EXPECT_EQ(pixels.At(25, 25), Black);
+    EXPECT_EQ(pixels.At(25, 55), Black);
+    RECT ink = pixels.Ink();
+    EXPECT_EQ(ink.left, 0) << "the arc reaches the left edge";
+    EXPECT_EQ(ink.bottom, 80);
+}
+
+TEST_F(DrawTest, ChordFillsOnlyBeyondItsLine)
+{
+    device().LineSpec(NoLine());
+    device().FillSpec(Fill(Blue));
+    device().DrawChord(vRECT(0, 0, 80, 80), vPOINT(80, 40), vPOINT(40, 0));
+    Pixels pixels = Read();
+    EXPECT_EQ(pixels.At(66, 14), Blue);
+    EXPECT_EQ(pixels.At(50, 30), Black);
+}
+
+TEST_F(DrawTest, RoundRectLeavesItsCornersOut)
+{
+    device().LineSpec(NoLine());
+    device().FillSpec(Fill(Blue));
+    device().DrawRoundRect(vRECT(10, 10, 60, 60), vSIZE(20, 20));
+    Pixels pixels = Read();
+    EXPECT_EQ(pixels.At(11, 11), Black);
+    EXPECT_EQ(pixels.At(35, 11), Blue);
+    EXPECT_EQ(pixels.At(11, 35), Blue);
+}
+
 TEST_F(DrawTest, EllipseFillStaysInsideItsBox)
 {
     device().LineSpec(NoLine());
@@ -221,17 +277,6 @@ TEST_F(DrawModeTest, ExclusiveOrDrawnTwiceLeavesNoTrace)
     device().DrawEllipse(vRECT(10, 30, 90, 70));
     device().DrawLine(vPOINT(0, 5), vPOINT(99, 95));
     EXPECT_TRUE(Read() == before);
-}
-
-TEST_F(DrawModeTest, CopyModeComesBack)
-{
-    device().DrawMode(vDRAW_XOR);
-    device().DrawMode(vDRAW_COPY);
-    device().LineSpec(NoLine());
-    device().FillSpec(Fill(Red));
-    device().DrawRect(vRECT(0, 0, 10, 10));
-    device().DrawRect(vRECT(0, 0, 10, 10));
-    EXPECT_EQ(Read().Count(Red), 100);
 }
 
 class GdiLeakTest : public SurfaceTest {

@@ -81,6 +81,41 @@ TEST_F(TextTest, FontHeightFollowsTheSpecAndTheLogicalUnits)
     EXPECT_LE(ink.bottom - ink.top, 11);
 }
 
+TEST_F(TextTest, ExpansionWidensTheCharacters)
+{
+    vINT natural = device().GetCurFontDetail()->GetDefStringWidth(vSTRING("HIH"));
+    device().FontSpec(vFONTSPEC(vSTRING(), vFONT_BOLD, 20, vREAL(2), 100, vFONT_PIXELS, vANGLE()));
+    vINT wide = device().GetCurFontDetail()->GetDefStringWidth(vSTRING("HIH"));
+    EXPECT_GT(wide(), natural() * 3 / 2);
+    EXPECT_LT(wide(), natural() * 5 / 2);
+}
+
+// A device whose fonts are scaled, as a dialog's are.
+class RatioDevice : public vMEMDEVICE {
+public:
+    RatioDevice() : vMEMDEVICE(vSIZE(10, 10)) {}
+    using vDEVICE::SetFontRatio;
+};
+
+TEST_F(TextTest, FontRatioScalesEveryFont)
+{
+    RatioDevice scaled;
+    scaled.FontSpec(vFONTSPEC(vSTRING(), vFONT_NORMAL, 20, vREAL(1), 100, vFONT_PIXELS, vANGLE()));
+    vFONTDETAIL* detail = scaled.GetCurFontDetail();
+    EXPECT_EQ((detail->Ascent() + detail->Descent())(), 20);
+    scaled.SetFontRatio(vREAL(2));
+    detail = scaled.GetCurFontDetail();
+    EXPECT_NEAR((detail->Ascent() + detail->Descent())(), 40, 1);
+}
+
+TEST_F(TextTest, DetailWithoutADeviceMeasuresNothing)
+{
+    vFONTDETAIL loose;
+    EXPECT_FALSE(loose.Init());
+    EXPECT_EQ(loose.GetDefStringWidth(vSTRING("HIH"))(), 0);
+    EXPECT_EQ(loose.Ascent()(), 0);
+}
+
 TEST_F(TextTest, DrawCharPutsTheCellAtThePoint)
 {
     device().DrawChar(vCHAR('H'), vPOINT(30, 30));
