@@ -1,5 +1,7 @@
 #include "base/rect.h"
 
+#include "graphics/device.h"
+
 vRECT::vRECT(const vPOINT& topLeft, const vPOINT& bottomRight)
     : topLeft(topLeft), bottomRight(bottomRight)
 {
@@ -148,4 +150,9 @@ vRECT vRECT::Expand(vINT dx, vINT dy)
     topLeft = topLeft - vPOINT(dx, dy);
     bottomRight = bottomRight + vPOINT(dx, dy);
     return *this;
+}
+
+void vRECT::Draw(vDEVICE& device) const
+{
+    device.DrawRect(*this);
 }

@@ -2,6 +2,8 @@
 
 #include "base/point.h"
 
+class vDEVICE;
+
 // A rectangle by its four edges, never normalised: an inverted rectangle keeps
 // its edges and measures negative. Two conventions meet here on purpose: the
 // origin-and-size constructor takes right and bottom as the last pixel inside,
@@ -51,6 +53,9 @@ public:
     // Moves each vertical edge out by dx and each horizontal edge by dy; a
     // negative amount shrinks. Changes this rectangle and answers a copy.
     vRECT Expand(vINT dx, vINT dy);
+
+    // Draws the rectangle with the device's current line and fill.
+    void Draw(vDEVICE& device) const;
 
 private:
     vPOINT topLeft;

@@ -16,7 +16,7 @@ enum vBEZFLAG {
 // reaches it: a straight segment, the end of a Bézier segment whose two
 // control points come just before it, or one of those control points; and
 // whether it opens or closes a contour.
-class ZKSHELL_API vBEZPOINT : public vPOINT {
+class ZKCORE_API vBEZPOINT : public vPOINT {
 public:
     vBEZPOINT(const vPOINT& point, unsigned char flags);
 

@@ -7,7 +7,7 @@
 
 // A platform bitmap, loaded from a module's resources or handed in, owned by
 // the object and deleted with it. It neither turns nor mirrors.
-class ZKSHELL_API vBITMAP : public vPICTURE {
+class ZKCORE_API vBITMAP : public vPICTURE {
 public:
     explicit vBITMAP(const vRESID& resource);
     // The cell of the resource's bitmap that the rectangle cuts out; right

@@ -7,7 +7,7 @@ class vDEVICE;
 // A colour as the platform packs it: red in the low byte, then green, then
 // blue. The native format and the tint travel with it; a fresh colour has
 // format 0 and a full tint of 100 percent.
-class ZKSHELL_API vCOLOUR : public vOBJECT {
+class ZKCORE_API vCOLOUR : public vOBJECT {
 public:
     vCOLOUR(unsigned char red, unsigned char green, unsigned char blue);
     // The packed value as the platform gives it, and its native format.

@@ -23,7 +23,7 @@ class vSCREEN;
 // context that its leaf class supplies. Logical units are as many per inch as
 // the device's own until told otherwise. Rectangles are drawn with their right
 // and bottom edges outside, as the hit test of vRECT counts them.
-class ZKSHELL_API vDEVICE : public vOBJECT {
+class ZKCORE_API vDEVICE : public vOBJECT {
 public:
     vDEVICE();
     // The copy draws as the original does but holds no context or platform

@@ -4,7 +4,7 @@
 
 // A device on a context that someone else owns, such as the one an owner-drawn
 // item hands in: it draws there and never gives the context back.
-class ZKSHELL_API vDEVICEID : public vDEVICE {
+class ZKCORE_API vDEVICEID : public vDEVICE {
 public:
     explicit vDEVICEID(HDC hDC);
     ~vDEVICEID() override;

@@ -5,7 +5,7 @@
 // The ellipse inside a rectangle as a shape: one closed contour of four
 // Bézier quarter arcs, starting at the middle of the right side and running
 // clockwise through the bottom, left and top middles back to the start.
-class ZKSHELL_API vELPSSHAPE : public vSHAPE {
+class ZKCORE_API vELPSSHAPE : public vSHAPE {
 public:
     vELPSSHAPE(const vRECT& rect);
     // The empty rectangle (0, 0, 0, 0).

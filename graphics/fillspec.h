@@ -29,7 +29,7 @@ enum vFILLMODE {
 
 // How a device fills areas: a plain value that the device turns into a brush.
 // A gradient runs from the first colour to the second at the angle.
-class ZKSHELL_API vFILLSPEC : public vOBJECT {
+class ZKCORE_API vFILLSPEC : public vOBJECT {
 public:
     vFILLSPEC(vFILLTYPE type, const vCOLOUR& from, const vCOLOUR& to,
               const vANGLE& angle, vFILLMODE mode);

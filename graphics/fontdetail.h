@@ -9,7 +9,7 @@ class vDEVICE;
 // A font spec as one device makes it: the device it belongs to, the measures
 // of the font there in the device's logical units, and the platform font that
 // the device draws text with.
-class ZKSHELL_API vFONTDETAIL : public vFONTSPEC {
+class ZKCORE_API vFONTDETAIL : public vFONTSPEC {
 public:
     vFONTDETAIL(const vFONTSPEC& spec, const vDEVICE& device);
     // Belongs to no device and measures nothing.

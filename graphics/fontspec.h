@@ -22,7 +22,7 @@ enum vFONT_HEIGHT {
 // How text looks: a plain value that the device turns into a font. The size
 // is held either as a point size or, when the point size is 0, as a height in
 // pixels.
-class ZKSHELL_API vFONTSPEC : public vOBJECT {
+class ZKCORE_API vFONTSPEC : public vOBJECT {
 public:
     // Callers pass 100 in the fifth place; no field keeps it.
     vFONTSPEC(const vSTRING& name, vFONTSTYLE style, const vINT& size,

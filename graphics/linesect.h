@@ -4,7 +4,7 @@
 
 // Where a scan line crosses a polygon edge, and which way that edge runs:
 // the record that scan-line filling sorts along the line.
-class ZKSHELL_API LINESECT {
+class ZKCORE_API LINESECT {
 public:
     short Position() const;
     void Position(short position);

@@ -7,7 +7,7 @@
 // One edge of a polygon for scan-line filling, held top end first. An edge
 // owns its top scan line and not its bottom one, so two edges that meet at a
 // vertex do not both count it. Lengths and positions are 16 bits.
-class ZKSHELL_API LINESEG {
+class ZKCORE_API LINESEG {
 public:
     // Orders the ends by y; direction is 1 when the edge was given bottom end
     // first, level edges included.

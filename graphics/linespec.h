@@ -28,7 +28,7 @@ enum vDASHTYPE {
 };
 
 // How a device draws lines: a plain value that the device turns into a pen.
-class ZKSHELL_API vLINESPEC : public vOBJECT {
+class ZKCORE_API vLINESPEC : public vOBJECT {
 public:
     // A null pattern means six zero bytes.
     vLINESPEC(vLINETYPE lineType, const vCOLOUR& colour, const vINT& width,

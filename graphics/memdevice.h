@@ -4,7 +4,7 @@
 
 // A device on a bitmap of its own in memory, made like the screen: drawing
 // off screen, to be shown or read back later.
-class ZKSHELL_API vMEMDEVICE : public vDEVICE {
+class ZKCORE_API vMEMDEVICE : public vDEVICE {
 public:
     // A black bitmap of the size; it is not Valid when that cannot be had.
     explicit vMEMDEVICE(const vSIZE& size);

@@ -8,7 +8,7 @@ class vDEVICE;
 
 // A picture that a device can draw: its size, its turn and mirror, and how it
 // draws itself at a point, whole or with one colour left out.
-class ZKSHELL_API vPICTURE : public vOBJECT {
+class ZKCORE_API vPICTURE : public vOBJECT {
 public:
     virtual ~vPICTURE() = 0;
     virtual vRECT Size() const = 0;

@@ -4,7 +4,7 @@
 
 // The outline of a rectangle as a shape: one closed contour of four straight
 // sides, from the top left corner clockwise.
-class ZKSHELL_API vRECTSHAPE : public vSHAPE {
+class ZKCORE_API vRECTSHAPE : public vSHAPE {
 public:
     vRECTSHAPE(const vRECT& rect);
     // The empty rectangle (0, 0, 0, 0).

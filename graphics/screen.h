@@ -4,7 +4,7 @@
 
 // The whole screen as a device; there is one, reached by vDEVICE::GetScreen.
 // It also names the colours that the library's controls paint with.
-class ZKSHELL_API vSCREEN : public vDEVICE {
+class ZKCORE_API vSCREEN : public vDEVICE {
 public:
     vSCREEN(const vSCREEN&) = delete;
     vSCREEN& operator=(const vSCREEN&) = delete;

@@ -6,7 +6,7 @@
 // A path of points that a device can draw, fill or clip to. The shape owns
 // copies of its points and keeps the box that bounds them. It has no base and
 // no virtual operations, so that the box stands at the object's own address.
-class ZKSHELL_API vSHAPE {
+class ZKCORE_API vSHAPE {
 public:
     // Copies the count points; the caller's stay its own.
     vSHAPE(unsigned short count, vBEZPOINT** points);

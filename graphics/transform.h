@@ -6,7 +6,7 @@
 // x' = x f1 + y f2 + f3 and y' = x f4 + y f5 + f6, floored back to whole
 // numbers. The plain transform has all six at 0 and maps every point to the
 // origin; the derived classes set them.
-class ZKSHELL_API vTRANSFORM : public vOBJECT {
+class ZKCORE_API vTRANSFORM : public vOBJECT {
 public:
     vTRANSFORM();
     vTRANSFORM(const vTRANSFORM& other);

@@ -3,7 +3,7 @@
 #include "graphics/device.h"
 
 // A device on a window's client area, with a context taken for each drawing.
-class ZKSHELL_API vWINDOWID : public vDEVICE {
+class ZKCORE_API vWINDOWID : public vDEVICE {
 public:
     explicit vWINDOWID(HWND hWnd);
     ~vWINDOWID() override;

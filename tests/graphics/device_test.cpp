@@ -43,6 +43,18 @@ TEST_F(DrawTest, FillCoversTheSameAreaAsTheOutline)
     EXPECT_EQ(ink.bottom, 20);
 }
 
+TEST_F(DrawTest, ARectangleDrawsItselfWithTheDevicesSpecs)
+{
+    device().LineSpec(Line(Red, 1));
+    device().FillSpec(Fill(Blue));
+    vRECT(vINT(5), vINT(6), vINT(25), vINT(16)).Draw(device());
+    Pixels pixels = Read();
+    EXPECT_EQ(pixels.At(5, 6), Red);
+    EXPECT_EQ(pixels.At(24, 15), Red);
+    EXPECT_EQ(pixels.Count(Blue), 18 * 8);
+    EXPECT_EQ(pixels.At(25, 16), Black);
+}
+
 TEST_F(DrawTest, OutlineIsDrawnOverTheFill)
 {
     device().LineSpec(Line(Red, 1));
