@@ -22,11 +22,7 @@ TEST_F(DrawTest, RectOutlineCoversLeftAndTopButNotRightAndBottom)
     EXPECT_EQ(pixels.At(30, 15), Black);
     EXPECT_EQ(pixels.At(20, 20), Black);
     EXPECT_EQ(pixels.At(20, 15), Black) << "a fresh device fills nothing";
-    RECT ink = pixels.Ink();
-    EXPECT_EQ(ink.left, 10);
-    EXPECT_EQ(ink.top, 10);
-    EXPECT_EQ(ink.right, 30);
-    EXPECT_EQ(ink.bottom, 20);
+    EXPECT_EQ(Edges(pixels.Ink()), (std::vector<long>{10, 10, 30, 20}));
 }
 
 TEST_F(DrawTest, FillCoversTheSameAreaAsTheOutline)
@@ -36,11 +32,7 @@ TEST_F(DrawTest, FillCoversTheSameAreaAsTheOutline)
     ASSERT_TRUE(device().DrawRect(vRECT(10, 10, 30, 20)));
     Pixels pixels = Read();
     EXPECT_EQ(pixels.Count(Blue), 20 * 10);
-    RECT ink = pixels.Ink();
-    EXPECT_EQ(ink.left, 10);
-    EXPECT_EQ(ink.top, 10);
-    EXPECT_EQ(ink.right, 30);
-    EXPECT_EQ(ink.bottom, 20);
+    EXPECT_EQ(Edges(pixels.Ink()), (std::vector<long>{10, 10, 30, 20}));
 }
 
 TEST_F(DrawTest, ARectangleDrawsItselfWithTheDevicesSpecs)
@@ -71,11 +63,7 @@ TEST_F(DrawTest, WideOutlineStaysInsideTheRectangle)
     device().LineSpec(Line(Red, 4));
     device().DrawRect(vRECT(10, 10, 50, 50));
     Pixels pixels = Read();
-    RECT ink = pixels.Ink();
-    EXPECT_EQ(ink.left, 10);
-    EXPECT_EQ(ink.top, 10);
-    EXPECT_EQ(ink.right, 50);
-    EXPECT_EQ(ink.bottom, 50);
+    EXPECT_EQ(Edges(pixels.Ink()), (std::vector<long>{10, 10, 50, 50}));
     EXPECT_EQ(pixels.At(13, 30), Red);
     EXPECT_EQ(pixels.At(14, 30), Black);
 }
@@ -227,11 +215,7 @@ TEST_F(ClipTest, RectangleKeepsDrawingInside)
     ASSERT_TRUE(device().ClipArea(vRECT(20, 30, 40, 70)));
     FloodAll();
     Pixels pixels = Read();
-    RECT ink = pixels.Ink();
-    EXPECT_EQ(ink.left, 20);
-    EXPECT_EQ(ink.top, 30);
-    EXPECT_EQ(ink.right, 40);
-    EXPECT_EQ(ink.bottom, 70);
+    EXPECT_EQ(Edges(pixels.Ink()), (std::vector<long>{20, 30, 40, 70}));
     EXPECT_EQ(pixels.Count(White), 20 * 40);
 }
 

@@ -83,11 +83,7 @@ TEST_F(UnitsTest, OriginIsTheLogicalPointAtTheTopLeftCorner)
     device().LineSpec(NoLine());
     device().FillSpec(Fill(White));
     device().DrawRect(vRECT(10, 20, 15, 25));
-    RECT ink = Read().Ink();
-    EXPECT_EQ(ink.left, 0);
-    EXPECT_EQ(ink.top, 0);
-    EXPECT_EQ(ink.right, 5);
-    EXPECT_EQ(ink.bottom, 5);
+    EXPECT_EQ(Edges(Read().Ink()), (std::vector<long>{0, 0, 5, 5}));
 }
 
 TEST_F(UnitsTest, DrawingLandsWhereTheConversionSays)
@@ -97,11 +93,7 @@ TEST_F(UnitsTest, DrawingLandsWhereTheConversionSays)
     device().FillSpec(Fill(White));
     device().DrawRect(vRECT(3, 3, 9, 9));
     Pixels pixels = Read();
-    RECT ink = pixels.Ink();
-    EXPECT_EQ(ink.left, 1);
-    EXPECT_EQ(ink.top, 1);
-    EXPECT_EQ(ink.right, 5);
-    EXPECT_EQ(ink.bottom, 5);
+    EXPECT_EQ(Edges(pixels.Ink()), (std::vector<long>{1, 1, 5, 5}));
     EXPECT_EQ(pixels.Count(White), 16);
 }
 

@@ -79,6 +79,12 @@ private:
     int read = 0;
 };
 
+// The edges of what was drawn, right and bottom outside, as one comparison.
+inline std::vector<long> Edges(const RECT& box)
+{
+    return {box.left, box.top, box.right, box.bottom};
+}
+
 inline vCOLOUR Colour(COLORREF colour)
 {
     return vCOLOUR(GetRValue(colour), GetGValue(colour), GetBValue(colour));
