@@ -27,7 +27,7 @@ test: build
 	  scripts/check-consumer.sh $(BUILD)'
 
 demo: build
-	@echo "The example program comes with the window classes."
+	scripts/demo.sh $(BUILD)
 
 bench: deps
 	$(CONFIGURE) -S . -B $(BENCH_BUILD) -DCMAKE_BUILD_TYPE=Release -DZK_BUILD_TESTS=OFF -DZK_BUILD_BENCH=ON

@@ -21,3 +21,7 @@
 #include "graphics/lineseg.h"
 #include "graphics/linesect.h"
 #include "graphics/device.h"
+#include "app/application.h"
+#include "app/window.h"
+#include "app/pointer.h"
+#include "app/caret.h"

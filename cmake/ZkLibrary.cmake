@@ -3,10 +3,10 @@
 function(zk_add_library name build_define)
   cmake_parse_arguments(ARG "" "DEF" "SOURCES" ${ARGN})
   add_library(${name} SHARED ${ARG_SOURCES})
+  # The definition file pins the exit routine to ordinal 1 under its plain
+  # name; every other export keeps the decorated name its callers link to.
   if(ARG_DEF)
     target_sources(${name} PRIVATE ${ARG_DEF})
-    # Ordinal-pinned entry points are stdcall; their exported names carry no @n.
-    target_link_options(${name} PRIVATE -Wl,--kill-at)
   endif()
   target_compile_definitions(${name} PRIVATE ${build_define})
   # A failed allocation yields null rather than throwing, and every new is tested.

@@ -1,0 +1,144 @@
+#include "app/menu.h"
+
+#include "base/system.h"
+
+namespace {
+
+const int labelLimit = 500;
+
+// The popups of a menu belong to their own objects, so they are taken out
+// before the menu's handle goes and the platform does not destroy them too.
+void DetachPopups(HMENU menu)
+{
+    for (int pos = GetMenuItemCount(menu) - 1; pos >= 0; --pos)
+        if (GetSubMenu(menu, pos))
+            RemoveMenu(menu, pos, MF_BYPOSITION);
+}
+
+}  // namespace
+
+vMENU::vMENU()
+    : hMenu(CreateMenu()), hParentMenu(nullptr), nFixed(0), owned(1)
+{
+}
+
+vMENU::vMENU(HMENU handle, int owns)
+    : hMenu(handle), hParentMenu(nullptr), nFixed(0), owned(owns)
+{
+}
+
+vMENU::vMENU(const vMENU& other)
+    : vOBJECT(other), hMenu(other.hMenu), hParentMenu(other.hParentMenu), nFixed(other.nFixed), owned(0)
+{
+}
+
+vMENU::~vMENU()
+{
+    Release();
+}
+
+vMENU& vMENU::operator=(const vMENU& other)
+{
+    if (this == &other)
+        return *this;
+    Release();
+    hMenu = other.hMenu;
+    hParentMenu = other.hParentMenu;
+    nFixed = other.nFixed;
+    owned = 0;
+    return *this;
+}
+
+void vMENU::Release()
+{
+    if (!owned || !hMenu)
+        return;
+    DetachPopups(hMenu);
+    DestroyMenu(hMenu);
+    owned = 0;
+}
+
+unsigned short vMENU::NoItem() const
+{
+    return static_cast<unsigned short>(GetMenuItemCount(hMenu) - nFixed);
+}
+
+int vMENU::InRange(short pos) const
+{
+    return pos >= 0 && pos < NoItem();
+}
+
+vSTRING vMENU::Label(short pos) const
+{
+    if (!InRange(pos))
+        return vSTRING();
+    char* buffer = vSYSTEM::GetBuffer();
+    buffer[labelLimit] = 0;
+    GetMenuStringA(hMenu, pos, buffer, labelLimit, MF_BYPOSITION);
+    return vSTRING("%s", buffer);
+}
+
+vCTRLID vMENU::ItemID(short pos) const
+{
+    if (!InRange(pos))
+        return vCTRLID(0);
+    return vCTRLID(static_cast<unsigned short>(GetMenuItemID(hMenu, pos)));
+}
+
+short vMENU::Position(const vCTRLID& id) const
+{
+    for (short pos = 0; pos < NoItem(); ++pos)
+        if (ItemID(pos) == id)
+            return pos;
+    return -1;
+}
+
+short vMENU::Position(const vSTRING& label) const
+{
+    for (short pos = 0; pos < NoItem(); ++pos)
+        if (Label(pos) == label)
+            return pos;
+    return -1;
+}
+
+int vMENU::Insert(short pos, vMENU& sub, const vSTRING& label)
+{
+    sub.hParentMenu = hMenu;
+    return InsertMenuA(hMenu, pos, MF_BYPOSITION | MF_POPUP, reinterpret_cast<UINT_PTR>(sub.hMenu), label());
+}
+
+int vMENU::Insert(short pos, const vCTRLID& id, const vSTRING& label)
+{
+    return InsertMenuA(hMenu, pos, MF_BYPOSITION, static_cast<unsigned short>(id), label());
+}
+
+int vMENU::Insert(short pos)
+{
+    return InsertMenuA(hMenu, pos, MF_BYPOSITION | MF_SEPARATOR, 0, nullptr);
+}
+
+int vMENU::Append(vMENU& sub, const vSTRING& label)
+{
+    if (nFixed <= 0)
+        return AppendMenuA(hMenu, MF_POPUP, reinterpret_cast<UINT_PTR>(sub.hMenu), label());
+    return Insert(static_cast<short>(NoItem()), sub, label);
+}
+
+int vMENU::Append(const vCTRLID& id, const vSTRING& label)
+{
+    if (nFixed <= 0)
+        return AppendMenuA(hMenu, MF_STRING, static_cast<unsigned short>(id), label());
+    return Insert(static_cast<short>(NoItem()), id, label);
+}
+
+int vMENU::Append()
+{
+    if (nFixed == 0)
+        return AppendMenuA(hMenu, MF_SEPARATOR, 0, nullptr);
+    return Insert(static_cast<short>(NoItem()));
+}
+
+int vMENU::Remove(short pos)
+{
+    return RemoveMenu(hMenu, pos, MF_BYPOSITION);
+}

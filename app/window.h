@@ -1,0 +1,346 @@
+#pragma once
+
+#include <windows.h>
+
+#include "base/ctrlid.h"
+#include "base/values.h"
+#include "base/lists.h"
+#include "base/resid.h"
+#include "base/system.h"
+#include "graphics/device.h"
+
+class vAPP;
+class vPOINTER;
+class vSCROLLBAR;
+class vTRANSFER;
+
+// The style bits a window is created with. WF_POPUP is tested as a whole
+// value and its low bits then count as WF_BORDER and WF_SIZING as well: a
+// popup always gets a border and a thick frame, and that is meant.
+typedef unsigned long vWNDFLAGS;
+enum : unsigned long {
+    WF_NONE = 0,
+    WF_BORDER = 1,
+    WF_SIZING = 2,
+    WF_POPUP = 55
+};
+
+// The boxes of a captioned window.
+typedef unsigned char vCAPFLAGS;
+enum : unsigned char {
+    CF_MAXBOX = 1,
+    CF_MINBOX = 2,
+    CF_SYSMENU = 4
+};
+
+// The most derived class of a window under construction. Only the class
+// whose identifier this is creates the platform window. 24, 31 and the
+// values below 8 are free.
+enum vCLASSID {
+    CLASSID_WIN = 8,
+    CLASSID_CAPWIN = 9,
+    CLASSID_DOCWIN = 10,
+    CLASSID_CONTROL = 15,
+    CLASSID_ICON = 16,
+    CLASSID_GROUPBOX = 17,
+    CLASSID_BUTTON = 18,
+    CLASSID_BITBUT = 19,
+    CLASSID_TOGGLEBTN = 20,
+    CLASSID_RADIOBTN = 21,
+    CLASSID_CHECKBOX = 22,
+    CLASSID_EDITLINE = 23,
+    CLASSID_EDITBOX = 25,
+    CLASSID_TEXT = 26,
+    CLASSID_COMBOBOX = 27,
+    CLASSID_DROPCOMBOBOX = 28,
+    CLASSID_LISTBOX = 29,
+    CLASSID_DROPLISTBOX = 30,
+    CLASSID_HORZSCRLBAR = 32,
+    CLASSID_VERTSCRLBAR = 33,
+    CLASSID_DRIVEDIRLIST = 34
+};
+
+// The bits of vWIN::flags.
+enum : unsigned char {
+    WINF_HASDEPENDENTS = 1,
+    WINF_NEWED = 2,
+    WINF_ERASE = 4
+};
+
+// The bits of vWIN::updateFlags.
+enum : unsigned char {
+    WINUPD_MARKED = 1
+};
+
+// The parameters of the platform window that the constructor chain gathers
+// before the most derived class creates it.
+class ZKSHELL_API vCREATEPARAMS {
+public:
+    vCREATEPARAMS();
+    vCREATEPARAMS(const vCREATEPARAMS& other);
+    vCREATEPARAMS& operator=(const vCREATEPARAMS& other);
+    ~vCREATEPARAMS();
+
+    char szClassName[16];
+    // What the creating class expects as its class procedure; nothing reads
+    // it at creation.
+    WNDPROC pfnClassProc;
+    const char* lpszTitle;
+    DWORD dwStyle;
+    // In device units.
+    vRECT rect;
+    HMENU hMenuOrId;
+    HWND hParent;
+};
+
+// One platform window, and a device that draws on it. A window made with
+// new owns itself and dies with its platform window; one on the stack or
+// inside another object is only unbound when the platform window dies, and a
+// copy is a second view of the same handle.
+class ZKSHELL_API vWIN : public vDEVICE {
+public:
+    // Wraps a window that exists already; the user binds and subclasses it
+    // when ready.
+    vWIN(HWND window, const vRESID& resource);
+    vWIN(const vWIN& parent, const vRECT& rect, vWNDFLAGS style = WF_NONE, vCLASSID classId = CLASSID_WIN);
+    // A top-level window under the application's frame.
+    vWIN(const vAPP& app, const vRECT& rect, vWNDFLAGS style = WF_NONE, vCLASSID classId = CLASSID_WIN);
+    vWIN(const vWIN& other);
+    vWIN& operator=(const vWIN& other);
+    ~vWIN() override;
+
+    static void* operator new(size_t size);
+    static void operator delete(void* block);
+
+    HDC GetWinDC() override;
+    int ReleaseWinDC() override;
+
+    virtual vWIN* Parent();
+    virtual vWIN* Child(const vCTRLID& id);
+    virtual void Activate();
+    virtual void Update();
+    virtual void Show(int show = 1);
+    virtual void Hide();
+    virtual int Enable(int enable = 1);
+    virtual int Disable();
+    virtual void Close();
+    virtual void Maximise();
+    virtual void Size(const vRECT& rect);
+    virtual vRECT Size() const;
+    virtual vINT BorderWidth();
+    virtual vINT BorderHeight();
+    virtual void UpdateView(const vCTRLID& id);
+    virtual int vQueryClose();
+    virtual int vBorderDrag(vRECT* newRect, vRECT* oldRect);
+    virtual int vSize(const vRECT& client);
+    virtual int vIconize();
+    virtual int vActivate();
+    virtual int vDeactivate();
+    virtual int vCommand(const vCTRLID& id);
+    virtual int vCommandHint(const vCTRLID& id);
+    virtual int vClick(const vCTRLID& id);
+    virtual int vTimer(const vRESID& id);
+    virtual int vSettingChange();
+    virtual int vMouseMove(const vPOINT& point);
+    virtual int vMouseLeftPress(const vPOINT& point);
+    virtual int vMouseLeftRelease(const vPOINT& point);
+    virtual int vMouseMiddlePress(const vPOINT& point);
+    virtual int vMouseMiddleRelease(const vPOINT& point);
+    virtual int vMouseRightPress(const vPOINT& point);
+    virtual int vMouseRightRelease(const vPOINT& point);
+    virtual int vMouseLeftDoublePress(const vPOINT& point);
+    virtual int vMouseMiddleDoublePress(const vPOINT& point);
+    virtual int vMouseRightDoublePress(const vPOINT& point);
+    virtual int vGetFocus();
+    virtual int vReleaseFocus(vWIN* next);
+    virtual int vScrollPageUp();
+    virtual int vScrollPageDown();
+    virtual int vScrollPageLeft();
+    virtual int vScrollPageRight();
+    virtual int vScrollIncUp();
+    virtual int vScrollIncDown();
+    virtual int vScrollIncLeft();
+    virtual int vScrollIncRight();
+    virtual int vEscapeKey();
+    virtual int vTabKey();
+    virtual int vBackspaceKey();
+    virtual int vEnterKey();
+    virtual int vInsertKey();
+    virtual int vDeleteKey();
+    virtual int vHomeKey();
+    virtual int vEndKey();
+    virtual int vPageUpKey();
+    virtual int vPageDownKey();
+    virtual int vArrowUpKey();
+    virtual int vArrowDownKey();
+    virtual int vArrowLeftKey();
+    virtual int vArrowRightKey();
+    // The one key handler that reports the key as handled by default, so
+    // function keys never reach the platform's own handling.
+    virtual int vFunctionKey(unsigned short number);
+    virtual int vCharacterKey(const vCHAR& character);
+    virtual int vKeyDown();
+    virtual int vDragInit(const vPOINT& point);
+    virtual void vDragFeedback(unsigned char state, const vPOINT& point);
+    virtual int vDragTerminate(const vTRANSFER& transfer, unsigned char state, int onTarget);
+    virtual int vDropTarget(const vTRANSFER& transfer, const vPOINT& point);
+    virtual int vDropTargetEnter();
+    virtual int vDropTargetOver(const vPOINT& point);
+    virtual int vDropTargetLeave();
+    virtual int vCtrTab();
+    virtual vRESID ResTemplate() const;
+
+protected:
+    // The library's own part of the table; application classes override
+    // the handlers above.
+    virtual int MsgHandler(unsigned int message, unsigned int wParam, long lParam, long& result);
+    virtual int DoDraw();
+    virtual int DoEraseBkGnd(unsigned int wParam, long lParam);
+    virtual void CreateWin();
+    virtual int DestroyWindow();
+    virtual int vEraseBkg();
+    virtual vCLASSID GetClassID();
+
+public:
+    HWND operator()() const;
+    const vCTRLID& GetID() const;
+    void SetID(const vCTRLID& newId);
+    vAPP* Application() const;
+    vPOINTER* Pointer() const;
+    // Takes the focus; the name is a command, not a query.
+    void GetFocus();
+    int Enabled() const;
+    int IsHidden() const;
+    int IsVisible() const;
+    void Normalise();
+    void Iconize();
+    int IsMaximised() const;
+    int IsIconized() const;
+    const vINT& Width() const;
+    const vINT& Height() const;
+    // The one timer of a window, identifier 1.
+    unsigned short SetTimer(unsigned short ms);
+    void KillTimer();
+    void Invalidate();
+    void Invalidate(const vRECT& rect);
+    void Scroll(short dx, short dy);
+    vRECT ClientSize() const;
+    vPOINT ScreenToClient(const vPOINT& point);
+    vPOINT ClientToScreen(const vPOINT& point);
+    void BackgroundColour(const vCOLOUR& colour);
+    vCOLOUR BackgroundColour() const;
+    void DrawMode(vDRAWMODE mode);
+    vDRAWMODE DrawMode() const;
+    void SetIcon(const vRESID& icon);
+    static vWIN* FocusedWindow();
+    static vWIN* ActiveWindow();
+
+    // This window's view depends on the other's; the update pass keeps them
+    // in step.
+    int SetDepend(vWIN* on);
+    vWIN* GetDependOnWindow(const vCTRLID& dependId);
+    void NotifyPeerControls(const vCTRLID& changedId);
+
+    void DropRegister(unsigned char how);
+    void DrawBorder(const vRECT& rect, int raised);
+    int DrawWinFrame(const vRECT* newRect, const vRECT* oldRect);
+
+    static int IsNewed;
+    static vWIN* NewedThis;
+    static int fBorderDrag;
+    static vRECT rectDragHotZone;
+    static vCREATEPARAMS CreateParams;
+
+protected:
+    HDC GetMSDC() override;
+    int ReleaseMSDC() override;
+
+    void BindInstance(HWND window);
+    void UnbindInstance();
+    static vWIN* Instance(HWND window);
+    void SubClass();
+    void RemoveSubClass();
+    void SetDrawMode();
+    void MarkForUpdate();
+    int UpdateDep(const vCTRLID& changedId);
+    void HasDependents();
+    void Constructor(const vAPP* app, const vWIN* parent, const vRECT& rect, vWNDFLAGS style, vCLASSID classId);
+
+    int DoMouseMove(unsigned int wParam, long lParam);
+    int DoLButtonDown(unsigned int wParam, long lParam);
+    int DoLButtonUp(unsigned int wParam, long lParam);
+    void DoCommand(unsigned int wParam, long lParam);
+    void DoHScroll(unsigned int wParam, long lParam);
+    void DoVScroll(unsigned int wParam, long lParam);
+    void DoSize(unsigned int wParam, long lParam);
+    int DoPaletteChanged(int foreground);
+    int MSTranslateKey(long key);
+    int DoNCMouseMove(unsigned int hit, long lParam);
+    int FrameDrag(unsigned int hit, vPOINT* delta, vRECT* rect);
+    static HWND GetDropWindowHandle(HWND window);
+
+    HWND hWnd;
+    vWIN* pParent;
+    vAPP* pApp;
+    COLORREF bkColour;
+    WNDPROC pfnOldProc;
+    fLIST* pDepends;
+    vCTRLID id;
+    vPOINTER* pPointer;
+    vSCROLLBAR* pVertScroll;
+    vSCROLLBAR* pHorzScroll;
+    unsigned char flags;
+    unsigned char updateFlags;
+    vDRAWMODE drawMode;
+    vINT width;
+    vINT height;
+    vRESID resTemplate;
+    int isDragging;
+    vTRANSFER* pTransfer;
+    unsigned char dragState;
+
+private:
+    friend class vAPP;
+    friend class vCAPWIN;
+    friend class vDOCWIN;
+    friend class vCONTROL;
+    friend class vLISTBOX;
+    friend class vRADIOBTN;
+    friend class vSCROLLBAR;
+    friend class vDIALOG;
+    friend class vPOINTER;
+    friend class vCARET;
+    friend LRESULT CALLBACK GenericProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+
+    int DependsOn(const vWIN* other) const;
+    int MarkedDepends() const;
+    void StartState();
+    void EndState();
+    void PlaceIn(const vWIN* parent, const vRECT& rect);
+    void CopyFields(const vWIN& other);
+    static LRESULT Dispatch(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    static LRESULT Destroyed(vWIN* win, HWND window, WPARAM wParam, LPARAM lParam);
+    template <typename VISIT>
+    int WalkKin(VISIT visit);
+
+    static int Answer(int handled, long& result);
+    int MouseMessage(unsigned int message, unsigned int wParam, long lParam, long& result);
+    int FrameMessage(unsigned int message, unsigned int wParam, long lParam, long& result);
+    int DispatchRegistered(unsigned int message, unsigned int wParam, long& result);
+    int DoClose();
+    int DoSetCursor();
+    void ClaimPointer();
+    int DragFeedbackAt(const vPOINT& point);
+    int MoveKey(unsigned short code, long key);
+    int DoNCLButtonDown(unsigned int hit, long lParam);
+    int DoNCLButtonUp();
+    int DragFrame(unsigned int hit, POINT last, vRECT& rect);
+    POINT DragStep(unsigned int hit, long lParam, POINT last, vRECT& rect);
+    void ConfineDrag();
+    void PaintDifference(HRGN ringNew, HRGN ringOld);
+};
+
+// The window procedure of every library window but the frame and dialogs:
+// it finds the object, hands it the message and lets the saved procedure
+// have what the object leaves.
+ZKSHELL_API LRESULT CALLBACK GenericProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);

@@ -1,0 +1,31 @@
+#!/usr/bin/env bash
+# Builds the example program against the package installed from a build
+# folder, as a user's program is built, and runs it. With no display it runs
+# in a private Wine session and saves a picture of its frame instead.
+# Usage: demo.sh BUILD_DIR
+set -euo pipefail
+
+build_dir=$(cd "$1" && pwd)
+root=$(cd "$(dirname "$0")/.." && pwd)
+prefix="$build_dir/install"
+hello_build="$build_dir/hello"
+
+cmake --install "$build_dir" --prefix "$prefix" >/dev/null
+cmake -G Ninja -S "$root/examples/hello" -B "$hello_build" \
+  -DCMAKE_TOOLCHAIN_FILE="$root/cmake/i686-w64-mingw32.cmake" \
+  -DCMAKE_PREFIX_PATH="$prefix" >/dev/null
+cmake --build "$hello_build" >/dev/null
+cp "$prefix"/bin/*.dll "$hello_build"/
+
+cd "$hello_build"
+if [ -z "${DISPLAY:-}" ]; then
+  rm -f hello.png
+  "$root/scripts/wine-session.sh" "$build_dir" wine hello.exe --screenshot hello.png
+  if [ ! -s hello.png ]; then
+    echo "demo: no screenshot was saved" >&2
+    exit 1
+  fi
+  echo "demo: screenshot saved to $hello_build/hello.png"
+else
+  wine hello.exe
+fi

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "app/application.h"
+
+// The test suite's view of the application's private state and of the
+// operations that only the start-up, the windows and the menus call.
+struct vAPPACCESS {
+    static HWND Frame(const vAPP& app) { return app.hFrame; }
+    static HWND Client(const vAPP& app) { return app.hClient; }
+    static int Busy(const vAPP& app) { return app.bBusy; }
+    static vMDIARRANGE Arrange(const vAPP& app) { return app.arrange; }
+    static vEXCEPTION* Exception(const vAPP& app) { return app.pException; }
+    static vMENU& WindowMenu(vAPP& app) { return app.windowMenu; }
+    static short Run(vAPP& app, HINSTANCE instance, HINSTANCE previous) { return app.Run(instance, previous); }
+    static int Init(vAPP& app, HINSTANCE module) { return app.Init(module); }
+    static unsigned short KnownLanguage(unsigned short value) { return vAPP::KnownLanguage(value); }
+    static int PaletteChange(vAPP& app, int foreground) { return app.PaletteChange(app.hFrame, foreground); }
+    static void PostPaletteChange(int foreground) { vAPP::PostPaletteChange(foreground); }
+
+    static HMENU Handle(const vMENU& menu) { return menu.hMenu; }
+    static HMENU Parent(const vMENU& menu) { return menu.hParentMenu; }
+    static short Fixed(const vMENU& menu) { return menu.nFixed; }
+    static void Fixed(vMENU& menu, short count) { menu.nFixed = count; }
+
+    static HWND HelpWindow(const vHELP& help) { return help.hHelpWnd; }
+    static void SetHelp(vHELP& help, HINSTANCE instance, vSTRING& file) { help.SetHelp(instance, file); }
+};
+
+namespace apptest {
+
+// Destroys the frame, which deletes the application, and takes the quit
+// that the deletion leaves in the queue, so that the next test's loops and
+// boxes run.
+inline void End(HWND frame)
+{
+    DestroyWindow(frame);
+    MSG msg;
+    while (PeekMessageA(&msg, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE)) {
+    }
+}
+
+// Handles what is queued for this thread.
+inline void Pump()
+{
+    MSG msg;
+    while (PeekMessageA(&msg, nullptr, 0, 0, PM_REMOVE) && msg.message != WM_QUIT) {
+        TranslateMessage(&msg);
+        DispatchMessageA(&msg);
+    }
+}
+
+// The platform's items of a menu, each as its identifier and label, with a
+// dash for a separator and "popup:" in front of a popup's label.
+inline std::vector<std::string> Items(HMENU menu)
+{
+    std::vector<std::string> items;
+    for (int pos = 0; pos < GetMenuItemCount(menu); ++pos) {
+        char label[128] = {};
+        GetMenuStringA(menu, pos, label, sizeof label, MF_BYPOSITION);
+        UINT state = GetMenuState(menu, pos, MF_BYPOSITION);
+        if (GetSubMenu(menu, pos))
+            items.push_back(std::string("popup:") + label);
+        else if (state & MF_SEPARATOR)
+            items.push_back("-");
+        else
+            items.push_back(std::to_string(GetMenuItemID(menu, pos)) + " " + label);
+    }
+    return items;
+}
+
+}  // namespace apptest
