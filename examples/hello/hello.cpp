@@ -3,7 +3,6 @@
 // letter key becomes the caption. Started with --screenshot FILE it saves a
 // picture of its frame as a PNG and closes itself.
 #include <zkshell.h>
-#include <app/window.h>
 
 #include <string>
 
