@@ -189,7 +189,10 @@ void vWIN::ClaimPointer()
 int vWIN::DoMouseMove(unsigned int, long lParam)
 {
     vPOINT point = PointOf(lParam);
-    if (!isDragging && PrimaryButtonDown() && rectDragHotZone != vRECT(0, 0, 0, 0) && !(rectDragHotZone ^ point)) {
+    // Only a drag start needs the button, and reading it costs three trips to
+    // the window server; it is therefore read last, when the point has left a
+    // hot zone. The answer is the same as reading it first.
+    if (!isDragging && rectDragHotZone != vRECT(0, 0, 0, 0) && !(rectDragHotZone ^ point) && PrimaryButtonDown()) {
         isDragging = 1;
         vDragInit(point);
         isDragging = 0;

@@ -1,5 +1,7 @@
 #include "app/window.h"
 
+#include "app/bindingtable.h"
+
 #include "app/application.h"
 #include "app/library.h"
 #include "app/pointer.h"
@@ -254,6 +256,7 @@ void vWIN::BindInstance(HWND window)
         *slot = this;
     LocalUnlock(block);
     SetPropA(window, BindingName, block);
+    BindingTable::Add(window, this);
     hWnd = window;
 }
 
@@ -265,17 +268,29 @@ void vWIN::UnbindInstance()
     SetPropA(hWnd, BindingName, nullptr);
     LocalFree(block);
     RemovePropA(hWnd, BindingName);
+    BindingTable::Remove(hWnd);
 }
 
+// The table answers for every window this process has bound; the property
+// is read only if the table ever ran out of room.
 vWIN* vWIN::Instance(HWND window)
 {
     if (!IsWindow(window))
         return nullptr;
+    vWIN* win = nullptr;
+    switch (BindingTable::Find(window, win)) {
+    case BindingTable::FOUND:
+        return win;
+    case BindingTable::ABSENT:
+        return nullptr;
+    case BindingTable::UNKNOWN:
+        break;
+    }
     HANDLE block = GetPropA(window, BindingName);
     if (!block)
         return nullptr;
     vWIN** slot = static_cast<vWIN**>(LocalLock(block));
-    vWIN* win = slot ? *slot : nullptr;
+    win = slot ? *slot : nullptr;
     LocalUnlock(block);
     return win;
 }

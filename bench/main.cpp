@@ -4,6 +4,7 @@ void BenchMemory();
 void BenchLists();
 void BenchStrings();
 void BenchDrawing();
+void BenchDispatch();
 
 int main()
 {
@@ -11,6 +12,7 @@ int main()
     BenchLists();
     BenchStrings();
     BenchDrawing();
+    BenchDispatch();
     zkbench::Print();
     return 0;
 }

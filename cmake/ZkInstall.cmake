@@ -11,7 +11,7 @@ install(TARGETS zkcore zkshell zkmain EXPORT zkshellTargets
 # The base library's bodies stay inside it: its public face is base/.
 foreach(dir base app controls dialogs browse streams graphics filters)
   install(DIRECTORY ${dir}/ DESTINATION include/zkshell/${dir}
-    FILES_MATCHING PATTERN "*.h" PATTERN "library.h" EXCLUDE)
+    FILES_MATCHING PATTERN "*.h" PATTERN "library.h" EXCLUDE PATTERN "bindingtable.h" EXCLUDE)
 endforeach()
 install(FILES zkshell.h DESTINATION include/zkshell)
 
