@@ -7,15 +7,9 @@ set -euo pipefail
 
 build_dir=$(cd "$1" && pwd)
 root=$(cd "$(dirname "$0")/.." && pwd)
-prefix="$build_dir/install"
 hello_build="$build_dir/hello"
 
-cmake --install "$build_dir" --prefix "$prefix" >/dev/null
-cmake -G Ninja -S "$root/examples/hello" -B "$hello_build" \
-  -DCMAKE_TOOLCHAIN_FILE="$root/cmake/i686-w64-mingw32.cmake" \
-  -DCMAKE_PREFIX_PATH="$prefix" >/dev/null
-cmake --build "$hello_build" >/dev/null
-cp "$prefix"/bin/*.dll "$hello_build"/
+"$root/scripts/build-against-package.sh" "$build_dir" "$root/examples/hello" "$hello_build"
 
 cd "$hello_build"
 if [ -z "${DISPLAY:-}" ]; then
