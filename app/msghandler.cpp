@@ -2,6 +2,7 @@
 
 #include "app/application.h"
 #include "app/pointer.h"
+#include "controls/control.h"
 
 namespace {
 
@@ -51,8 +52,14 @@ int vWIN::MsgHandler(unsigned int message, unsigned int wParam, long lParam, lon
         return wParam == SPI_SETNONCLIENTMETRICS ? vSettingChange() : 0;
     case WM_SETCURSOR:
         return Answer(DoSetCursor(), result);
+    case WM_DRAWITEM:
+        return DoDrawItem(wParam, reinterpret_cast<DRAWITEMSTRUCT*>(lParam), result);
+    case WM_MEASUREITEM:
+        return DoMeasureItem(wParam, reinterpret_cast<MEASUREITEMSTRUCT*>(lParam), result);
     case WM_DELETEITEM:
         return Answer(1, result);
+    case WM_COMPAREITEM:
+        return DoCompareItem(wParam, reinterpret_cast<COMPAREITEMSTRUCT*>(lParam), result);
     case WM_KEYDOWN:
         vKeyDown();
         return MSTranslateKey(wParam);
@@ -189,6 +196,8 @@ void vWIN::ClaimPointer()
 int vWIN::DoMouseMove(unsigned int, long lParam)
 {
     vPOINT point = PointOf(lParam);
+    if (vCONTROL::CurHintedCtr != GetID())
+        vCONTROL::CurHintedCtr = GetID();
     // Only a drag start needs the button, and reading it costs three trips to
     // the window server; it is therefore read last, when the point has left a
     // hot zone. The answer is the same as reading it first.
@@ -229,6 +238,52 @@ void vWIN::DoCommand(unsigned int wParam, long)
     if (child)
         child->NotifyPeerControls(control);
     vCommand(vCTRLID(wParam));
+}
+
+// Owner-drawn items go to the control that owns them; a child that is no
+// control of the library counts as none.
+vCONTROL* vWIN::ControlChild(unsigned int controlId)
+{
+    return dynamic_cast<vCONTROL*>(Child(vCTRLID(static_cast<unsigned short>(controlId))));
+}
+
+int vWIN::DoDrawItem(unsigned int controlId, DRAWITEMSTRUCT* item, long& result)
+{
+    vCONTROL* control = ControlChild(controlId);
+    if (!control) {
+        vSYSTEM::Trace(0, "WM_DRAWITEM-No Control");
+        return 0;
+    }
+    result = control->ccPaint(item);
+    return 1;
+}
+
+// The message comes while an owner-drawn control is being created, before
+// its handle is bound; the window under construction answers then.
+int vWIN::DoMeasureItem(unsigned int controlId, MEASUREITEMSTRUCT* item, long& result)
+{
+    vCONTROL* control = ControlChild(controlId);
+    if (!control)
+        control = dynamic_cast<vCONTROL*>(NewedThis);
+    if (!control)
+        return 0;
+    vSIZE size = control->ItemSize();
+    item->itemWidth = static_cast<short>(size.Width()());
+    item->itemHeight = static_cast<short>(size.Height()());
+    result = 1;
+    return 1;
+}
+
+// Item data are text pointers.
+int vWIN::DoCompareItem(unsigned int controlId, COMPAREITEMSTRUCT* item, long& result)
+{
+    vCONTROL* control = ControlChild(controlId);
+    if (!control)
+        return 0;
+    vSTRING first("%s", reinterpret_cast<const char*>(item->itemData1));
+    vSTRING second("%s", reinterpret_cast<const char*>(item->itemData2));
+    result = control->vCompare(first, second);
+    return 1;
 }
 
 void vWIN::DoSize(unsigned int wParam, long)

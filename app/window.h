@@ -10,6 +10,7 @@
 #include "graphics/device.h"
 
 class vAPP;
+class vCONTROL;
 class vPOINTER;
 class vSCROLLBAR;
 class vTRANSFER;
@@ -266,6 +267,11 @@ protected:
     void HasDependents();
     void Constructor(const vAPP* app, const vWIN* parent, const vRECT& rect, vWNDFLAGS style, vCLASSID classId);
 
+    vCONTROL* ControlChild(unsigned int controlId);
+    int DoDrawItem(unsigned int controlId, tagDRAWITEMSTRUCT* item, long& result);
+    int DoMeasureItem(unsigned int controlId, tagMEASUREITEMSTRUCT* item, long& result);
+    int DoCompareItem(unsigned int controlId, tagCOMPAREITEMSTRUCT* item, long& result);
+
     int DoMouseMove(unsigned int wParam, long lParam);
     int DoLButtonDown(unsigned int wParam, long lParam);
     int DoLButtonUp(unsigned int wParam, long lParam);
@@ -311,6 +317,7 @@ private:
     friend class vPOINTER;
     friend class vCARET;
     friend LRESULT CALLBACK GenericProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    friend INT_PTR CALLBACK DlgProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
     int DependsOn(const vWIN* other) const;
     int MarkedDepends() const;

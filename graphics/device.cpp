@@ -590,6 +590,7 @@ int vDEVICE::ReleaseDC() const
     if (!dc || painting)
         return 0;
     current = dc;
+    const_cast<vDEVICE*>(this)->DeselectFont();
     // Letting the context go changes nothing that the device's users see.
     int released = const_cast<vDEVICE*>(this)->ReleaseWinDC();
     dc = nullptr;
@@ -676,6 +677,15 @@ HDC vDEVICE::ActivateDC()
         dc = GetWinDC();
     current = dc;
     return dc;
+}
+
+HFONT vDEVICE::ActivateFont()
+{
+    HDC held = ActivateDC();
+    HFONT made = Font();
+    if (held)
+        SelectObject(held, made);
+    return made;
 }
 
 void vDEVICE::SetFontRatio(vREAL ratio)
@@ -870,9 +880,18 @@ void vDEVICE::DropBrush()
 
 void vDEVICE::DropFont()
 {
+    DeselectFont();
     if (font)
         DeleteObject(font);
     font = nullptr;
+}
+
+// A font still selected in a context cannot be deleted, and a context that
+// goes back to the platform must not keep it.
+void vDEVICE::DeselectFont()
+{
+    if (dc && font && GetCurrentObject(dc, OBJ_FONT) == font)
+        SelectObject(dc, GetStockObject(SYSTEM_FONT));
 }
 
 void vDEVICE::DropObjects()

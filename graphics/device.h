@@ -140,6 +140,9 @@ public:
 
 protected:
     HDC ActivateDC();
+    // Leaves the device's font selected in the held context, for the
+    // platform's own text calls on GetZKDC.
+    HFONT ActivateFont();
     // The context for a moment's measuring, and its return unless it was
     // held before.
     HDC Borrow(int& held);
@@ -186,6 +189,7 @@ private:
     void DropPen();
     void DropBrush();
     void DropFont();
+    void DeselectFont();
     void DropObjects();
     void CopyFrom(const vDEVICE& other);
     void Clear();

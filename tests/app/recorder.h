@@ -168,6 +168,7 @@ public:
     int vActivate() override { return Reply("vActivate", "", 0); }
     int vDeactivate() override { return Reply("vDeactivate", "", 0); }
     int vCommand(const vCTRLID& id) override { return Reply("vCommand", Number(id), 0); }
+    int vCommandHint(const vCTRLID& id) override { return Reply("vCommandHint", Number(id), 0); }
     int vTimer(const vRESID& id) override { return Reply("vTimer", Number(id()), 0); }
     int vSettingChange() override { return Reply("vSettingChange", "", 0); }
     int vMouseMove(const vPOINT& at) override { return Reply("vMouseMove", Text(at), 0); }

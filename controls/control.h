@@ -1,0 +1,70 @@
+#pragma once
+
+#include "app/window.h"
+#include "base/keyboard.h"
+
+struct tagDRAWITEMSTRUCT;
+
+// How Border frames a control on its parent: a raised box with a white frame,
+// or an etched double frame.
+enum vBOXTYPE {
+    vBOX_RAISED = 0,
+    vBOX_ETCHED = 1
+};
+
+// The base of every control: a platform control window bound to an object and
+// subclassed, made from code or adopted from a dialog template item by the
+// same constructor. The platform window's title holds only the mnemonic; the
+// full text stays in the object.
+class ZKSHELL_API vCONTROL : public vWIN {
+public:
+    vCONTROL(const vWIN& parent, const vCTRLID& id, const vRECT& rect, const vSTRING& text, vCLASSID classId);
+    vCONTROL(const vCONTROL& other);
+    ~vCONTROL() override;
+
+    void Size(const vRECT& rect) override;
+    vRECT Size() const override;
+    int vTimer(const vRESID& id) override;
+    int vMouseMove(const vPOINT& point) override;
+
+    virtual void SetupText(const vSTRING& text);
+    virtual void Notification(long code);
+    virtual int Border(vBOXTYPE type);
+    virtual int Shadow();
+    virtual void SetupView(char* value, unsigned short length) = 0;
+    virtual void UpdateData(void* data) = 0;
+    virtual int vProcessKeyboard(vKEYCODE key);
+    virtual short vCompare(const vSTRING& first, const vSTRING& second);
+    virtual const vSIZE ItemSize() const;
+    virtual void Text(const vSTRING& text);
+    virtual vSTRING Text();
+    virtual int ccPaint(tagDRAWITEMSTRUCT* item);
+
+    vRECT* Bound() const;
+    unsigned short DrawLabel(const vRECT& rect, vTEXTALIGN align, int greyWhenDisabled);
+
+    // The base makes nothing; a map row may still name it.
+    static vCONTROL* New(vWIN& parent, vCTRLID& id, vRESID& text);
+
+    // The control for which a command hint was last reported.
+    static vCTRLID CurHintedCtr;
+
+protected:
+    int MsgHandler(unsigned int message, unsigned int wParam, long lParam, long& result) override;
+    vCLASSID GetClassID() override;
+
+    vRECT bound;
+    char* text;
+    char hotCaption[3];
+
+private:
+    int Init(const vWIN& parent, const vCTRLID& id, const vSTRING& text, const vRECT& rect);
+    void Adopt(const vWIN& parent, const vCTRLID& id);
+    static void WipeBand(HDC dc, int l, int t, int r, int b);
+    static void EtchedFrame(HDC dc, int l, int t, int r, int b);
+    static void RaisedFrame(HDC dc, int l, int t, int r, int b);
+};
+
+#include "controls/button.h"
+#include "controls/bitbut.h"
+#include "controls/repeatkey.h"
