@@ -25,3 +25,4 @@
 #include "app/window.h"
 #include "app/pointer.h"
 #include "app/caret.h"
+#include "controls/control.h"

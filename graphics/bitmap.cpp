@@ -62,14 +62,23 @@ int vBITMAP::IsMirrored() const
     return 0;
 }
 
+// Drawn at a point, a picture sits centred on it: button faces and check
+// marks are placed by their middle.
 int vBITMAP::Draw(vDEVICE& device, const vPOINT& at) const
 {
-    return device.DrawBitmap(*this, at);
+    return device.DrawBitmap(*this, CornerFor(device, at));
 }
 
 int vBITMAP::DrawTransparent(vDEVICE& device, const vPOINT& at, const vCOLOUR& key) const
 {
-    return device.DrawTransparentBitmap(*this, at, key);
+    return device.DrawTransparentBitmap(*this, CornerFor(device, at), key);
+}
+
+vPOINT vBITMAP::CornerFor(vDEVICE& device, const vPOINT& centre) const
+{
+    vPOINT middle = device.LPtoDP(centre);
+    vPOINT corner(middle.x() - size.Width()() / 2, middle.y() - size.Height()() / 2);
+    return device.DPtoLP(corner);
 }
 
 unsigned short vBITMAP::LanguageOffset(unsigned short language)

@@ -40,6 +40,9 @@ public:
 private:
     friend class vDEVICE;
 
+    // The top left corner that puts the picture's middle on the point.
+    vPOINT CornerFor(vDEVICE& device, const vPOINT& centre) const;
+
     void Adopt(HBITMAP bitmap);
     static HBITMAP Load(const vRESID& resource);
     static HBITMAP Cut(HBITMAP sheet, const vRECT& cell);

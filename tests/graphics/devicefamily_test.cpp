@@ -210,7 +210,7 @@ TEST_F(BitmapTest, DrawsAtItsSizeOrStretched)
     vBITMAP bitmap(TwoColourBitmap());
     ASSERT_TRUE(bitmap.Valid());
     EXPECT_TRUE(bitmap.Size() == vRECT(0, 0, 10, 10));
-    ASSERT_TRUE(bitmap.Draw(device(), vPOINT(5, 5)));
+    ASSERT_TRUE(bitmap.Draw(device(), vPOINT(10, 10))) << "centred on the point";
     ASSERT_TRUE(device().DrawBitmap(bitmap, vRECT(40, 40, 60, 60)));
     Pixels pixels = Read();
     EXPECT_EQ(pixels.At(5, 5), Red);
@@ -227,7 +227,7 @@ TEST_F(BitmapTest, CellIsCutFromTheSheet)
     vBITMAP cell(sheet, vRECT(3, 0, 8, 4));
     ASSERT_TRUE(cell.Valid());
     EXPECT_TRUE(cell.Size() == vRECT(0, 0, 5, 4));
-    cell.Draw(device(), vPOINT(0, 0));
+    cell.Draw(device(), vPOINT(2, 2));
     Pixels pixels = Read();
     EXPECT_EQ(pixels.Count(Red), 2 * 4);
     EXPECT_EQ(pixels.Count(Green), 3 * 4);
@@ -250,7 +250,7 @@ TEST_F(BitmapTest, TransparentDrawLeavesTheKeyColourOut)
     device().FillSpec(Fill(Blue));
     device().DrawRect(vRECT(0, 0, 20, 20));
     vBITMAP bitmap(TwoColourBitmap());
-    ASSERT_TRUE(bitmap.DrawTransparent(device(), vPOINT(0, 0), Colour(Red)));
+    ASSERT_TRUE(bitmap.DrawTransparent(device(), vPOINT(5, 5), Colour(Red)));
     Pixels pixels = Read();
     EXPECT_EQ(pixels.At(2, 2), Blue);
     EXPECT_EQ(pixels.At(7, 2), Green);
@@ -272,9 +272,9 @@ TEST_F(BitmapTest, SystemSheetLoadsFromResourcesAndCutsIntoCells)
     vBITMAP cell(vRESID(CheckBoxes, platform), second);
     ASSERT_TRUE(cell.Valid());
     EXPECT_TRUE(cell.Size() == vRECT(0, 0, cellWidth, cellHeight));
-    sheet.Draw(device(), vPOINT(0, 0));
+    sheet.Draw(device(), vPOINT(sheet.Size().Width()() / 2, sheet.Size().Height()() / 2));
     Pixels whole = Read();
-    cell.Draw(device(), vPOINT(0, 50));
+    cell.Draw(device(), vPOINT(cellWidth / 2, 50 + cellHeight / 2));
     Pixels both = Read();
     for (int y = 0; y < cellHeight; ++y)
         for (int x = 0; x < cellWidth; ++x)
