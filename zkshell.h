@@ -25,4 +25,6 @@
 #include "app/window.h"
 #include "app/pointer.h"
 #include "app/caret.h"
+#include "app/capwin.h"
 #include "controls/control.h"
+#include "dialogs/dialog.h"

@@ -3,6 +3,7 @@
 #include "app/pointer.h"
 #include "app/window.h"
 #include "base/iterator.h"
+#include "dialogs/dialog.h"
 #include "graphics/device.h"
 
 namespace {
@@ -132,6 +133,8 @@ UINT RealiseScreenPalette(HWND window)
 }
 
 }  // namespace
+
+HWND vAPP::hActiveDialog = nullptr;
 
 LRESULT CALLBACK MDIFrameProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
@@ -369,7 +372,7 @@ short vAPP::Loop()
         if (msg.message == WM_KEYDOWN)
             keyboard.event(static_cast<unsigned short>(msg.message), static_cast<unsigned short>(msg.wParam),
                            static_cast<unsigned long>(msg.lParam));
-        if (!Translate(msg)) {
+        if (!OfferToDialog(msg) && !Translate(msg)) {
             TranslateMessage(&msg);
             DispatchMessageA(&msg);
         }
@@ -377,6 +380,30 @@ short vAPP::Loop()
             keyboard.reset();
     }
     return static_cast<short>(msg.wParam);
+}
+
+// The dialog is looked up afresh for every message: the one that took the
+// last message may be gone.
+int vAPP::OfferToDialog(MSG& msg)
+{
+    vDIALOG* active = ActiveDialogObject();
+    return active && active->HandleMessage(msg);
+}
+
+HWND vAPP::ActiveDialog()
+{
+    return hActiveDialog;
+}
+
+void vAPP::ActiveDialog(HWND dialog)
+{
+    hActiveDialog = dialog;
+}
+
+// A handle that some other window has come to own by now yields null.
+vDIALOG* vAPP::ActiveDialogObject()
+{
+    return hActiveDialog ? dynamic_cast<vDIALOG*>(vWIN::Instance(hActiveDialog)) : nullptr;
 }
 
 int vAPP::Translate(MSG& msg)

@@ -12,6 +12,7 @@
 #include "app/menu.h"
 #include "app/message.h"
 
+class vDIALOG;
 class vDOCWIN;
 class vWIN;
 
@@ -102,7 +103,16 @@ private:
     friend class vMESSAGE;
     friend struct vSTARTUP;
     friend struct vAPPACCESS;
+    friend class vDIALOG;
+    friend class vTAB;
     friend LRESULT CALLBACK MDIFrameProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    friend INT_PTR CALLBACK DlgProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+
+    // The dialog that the message loops offer every message to first; null
+    // when no dialog is up. One for the process.
+    static HWND ActiveDialog();
+    static void ActiveDialog(HWND dialog);
+    static vDIALOG* ActiveDialogObject();
 
     int Init(HINSTANCE module);
     // The languages the base library speaks; any other becomes English (UK).
@@ -110,6 +120,7 @@ private:
     short Run(HINSTANCE instance, HINSTANCE previous);
     void FillWindowMenu();
     short Loop();
+    int OfferToDialog(MSG& msg);
     int Translate(MSG& msg);
 
     void RegisterClasses(HINSTANCE program);
@@ -147,6 +158,8 @@ private:
     HINSTANCE regCookie;
     vEXCEPTION* pException;
     vSTRING className;
+
+    static HWND hActiveDialog;
 };
 
 // The window procedure of the frame: it carries the application object in

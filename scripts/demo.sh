@@ -13,13 +13,15 @@ hello_build="$build_dir/hello"
 
 cd "$hello_build"
 if [ -z "${DISPLAY:-}" ]; then
-  rm -f hello.png
+  rm -f hello.png hello-dialog.png
   "$root/scripts/wine-session.sh" "$build_dir" wine hello.exe --screenshot hello.png
-  if [ ! -s hello.png ]; then
-    echo "demo: no screenshot was saved" >&2
-    exit 1
-  fi
-  echo "demo: screenshot saved to $hello_build/hello.png"
+  for picture in hello.png hello-dialog.png; do
+    if [ ! -s "$picture" ]; then
+      echo "demo: $picture was not saved" >&2
+      exit 1
+    fi
+  done
+  echo "demo: screenshots saved to $hello_build/hello.png and $hello_build/hello-dialog.png"
 else
   wine hello.exe
 fi

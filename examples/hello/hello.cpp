@@ -1,9 +1,12 @@
 // Hello: the example program. A frame holds one canvas that draws shapes,
 // fills and text; a click moves the marker, the arrow keys nudge it and a
-// letter key becomes the caption. Started with --screenshot FILE it saves a
-// picture of its frame as a PNG and closes itself.
+// letter key becomes the caption. Its Details button opens a standard dialog
+// whose values land in the program's data and show on the canvas. Started
+// with --screenshot FILE it fills in the dialog, saves a picture of it and
+// one of the frame as PNGs, and closes itself.
 #include <zkshell.h>
 
+#include <cstddef>
 #include <string>
 
 #include "png.h"
@@ -42,14 +45,115 @@ vFONTSPEC Typeface(const char* name, vFONTSTYLE style, long points)
     return vFONTSPEC(vSTRING("%s", name), style, vINT(points), vREAL(1.0), 100, vFONT_POINTS, vANGLE(short(0)));
 }
 
+// What the details dialog fills in.
+struct DETAILS_DATA {
+    char name[32];
+    char motto[64];
+};
+
+const unsigned short DETAILS_TEMPLATE = 100;
+const unsigned short CMD_DETAILS = 200;
+
 }  // namespace
+
+// A line of text in the details dialog: it adopts the template's edit item
+// and moves its value between the edit and the program's data.
+class FIELD : public vCONTROL {
+public:
+    FIELD(vWIN& parent, vCTRLID& id)
+        : vCONTROL(parent, id, Box(-1, -1, -1, -1), vSTRING(), CLASSID_CONTROL), value(nullptr), length(0)
+    {
+    }
+
+    static vCONTROL* New(vWIN& parent, vCTRLID& id, vRESID&) { return new FIELD(parent, id); }
+
+    void SetupView(char* at, unsigned short size) override
+    {
+        value = at;
+        length = size;
+    }
+
+    void UpdateView(const vCTRLID&) override
+    {
+        if (value)
+            SetWindowTextA(hWnd, value);
+    }
+
+    void UpdateData(void*) override
+    {
+        if (value)
+            GetWindowTextA(hWnd, value, length);
+    }
+
+protected:
+    // The edit paints itself, before the library's painting would take its
+    // update region away.
+    int MsgHandler(unsigned int message, unsigned int wParam, long lParam, long& result) override
+    {
+        if (message != WM_PAINT)
+            return vCONTROL::MsgHandler(message, wParam, lParam, result);
+        result = CallWindowProcA(pfnOldProc, hWnd, message, wParam, lParam);
+        return 1;
+    }
+
+private:
+    char* value;
+    unsigned short length;
+};
+
+namespace {
+
+const vCONTROLMAP DetailsMap[] = {
+    {FIELD::New, 101, 0, offsetof(DETAILS_DATA, name), sizeof DETAILS_DATA::name},
+    {FIELD::New, 102, 0, offsetof(DETAILS_DATA, motto), sizeof DETAILS_DATA::motto},
+    {nullptr, 101, 0, 0, 0},
+};
+
+}  // namespace
+
+// The details dialog: OK takes the fields into the program's data, Cancel
+// leaves the data as it was.
+class DETAILS : public fSTDDIALOG {
+public:
+    DETAILS(const vWIN& parent, DETAILS_DATA& data)
+        : fSTDDIALOG(parent, vRESID(DETAILS_TEMPLATE, parent.Application()), STD_OK | STD_CANCEL, DetailsMap, &data,
+                     vSTRING("Your details"), 1)
+    {
+        Init();
+    }
+
+    int fOK() override
+    {
+        UpdateData(viewData);
+        return fSTDDIALOG::fOK();
+    }
+
+    // The dialog that is up, for the screenshot tour.
+    static DETAILS* open;
+};
+
+DETAILS* DETAILS::open = nullptr;
 
 // The drawing: everything is drawn afresh from the marker and the caption.
 class CANVAS : public vWIN {
 public:
     explicit CANVAS(const vAPP& app)
-        : vWIN(app, Box(0, 0, 640, 420)), marker(At(470, 300)), caption(vSTRING("Hello from ZKSHELL"))
+        : vWIN(app, Box(0, 0, 640, 420)), marker(At(470, 300)), caption(vSTRING("Hello from ZKSHELL")),
+          details{"Nobody yet", "Press Details to say who you are"}
     {
+        vBUTTON* button = new vBUTTON(*this, vCTRLID(CMD_DETAILS), vSTRING("&Details..."), Box(500, 372, 620, 400));
+        button->Show();
+    }
+
+    int vCommand(const vCTRLID& id) override
+    {
+        if (id != vCTRLID(CMD_DETAILS))
+            return 0;
+        DETAILS::open = new DETAILS(*this, details);
+        DETAILS::open->Modal();
+        DETAILS::open = nullptr;
+        Invalidate();
+        return 1;
     }
 
     int vDraw(const vRECT&) override
@@ -118,10 +222,15 @@ private:
         FontSpec(Typeface("Arial", vFONT_ITALIC, 10));
         DrawTextA(vSTRING("Click to move the marker, arrows to nudge it, a letter to change the greeting"),
                   Box(150, 90, 620, 120), vTEXT_CENTRE);
+        FontSpec(Typeface("Arial", vFONT_BOLD, 11));
+        DrawTextA(vSTRING("%s", details.name), Box(20, 345, 480, 370), vTEXT_LEFT);
+        FontSpec(Typeface("Arial", vFONT_ITALIC, 10));
+        DrawTextA(vSTRING("\"%s\"", details.motto), Box(20, 370, 480, 395), vTEXT_LEFT);
     }
 
     vPOINT marker;
     vSTRING caption;
+    DETAILS_DATA details;
 };
 
 // The application: a frame without documents whose canvas fills it.
@@ -148,6 +257,8 @@ public:
         canvas->Show();
     }
 
+    HWND Canvas() const { return (*canvas)(); }
+
 private:
     CANVAS* canvas;
 };
@@ -156,6 +267,13 @@ namespace {
 
 HELLO* hello = nullptr;
 std::string screenshot;
+
+// "hello.png" gives "hello-dialog.png".
+std::string DialogPicture()
+{
+    size_t dot = screenshot.rfind('.');
+    return screenshot.substr(0, dot) + "-dialog" + screenshot.substr(dot);
+}
 
 // The frame's pixels as the window's own context holds them, children and
 // all, as a PNG.
@@ -185,9 +303,24 @@ void SaveFrame(HWND frame, const char* path)
     ReleaseDC(frame, window);
 }
 
+// Runs inside the dialog's own message loop: types as a user would, keeps a
+// picture of the dialog and presses OK.
+void CALLBACK FillInDetails(HWND, UINT, UINT_PTR timer, DWORD)
+{
+    KillTimer(nullptr, timer);
+    HWND dialog = (*DETAILS::open)();
+    SetDlgItemTextA(dialog, 101, "Ada Lovelace");
+    SetDlgItemTextA(dialog, 102, "That brain of mine is something more than merely mortal");
+    RedrawWindow(dialog, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+    SaveFrame(dialog, DialogPicture().c_str());
+    SendMessageA(GetDlgItem(dialog, IDOK), BM_CLICK, 0, 0);
+}
+
 void CALLBACK TakeScreenshot(HWND, UINT, UINT_PTR timer, DWORD)
 {
     KillTimer(nullptr, timer);
+    SetTimer(nullptr, 0, 500, FillInDetails);
+    SendMessageA(GetDlgItem(hello->Canvas(), CMD_DETAILS), BM_CLICK, 0, 0);
     HWND frame = vSYSTEM::GetFrameWindow();
     RedrawWindow(frame, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN);
     SaveFrame(frame, screenshot.c_str());
