@@ -136,13 +136,14 @@ HDC vDEVICE::current = nullptr;
 vDEVICE::vDEVICE()
     : dc(nullptr), clip(nullptr), fontRatio(1), font(nullptr), painting(0), pFontDetail(nullptr),
       pen(nullptr), transparent(1), brush(nullptr), lineSpec(DefaultLine()), fillSpec(DefaultFill()),
-      lastPoint()
+      lastPoint(), keptIn(nullptr), firstPen(nullptr), firstBrush(nullptr)
 {
 }
 
 vDEVICE::vDEVICE(const vDEVICE& other)
     : vOBJECT(other), dc(nullptr), clip(nullptr), font(nullptr), painting(0), pFontDetail(nullptr),
-      pen(nullptr), brush(nullptr), lineSpec(other.lineSpec), fillSpec(other.fillSpec)
+      pen(nullptr), brush(nullptr), lineSpec(other.lineSpec), fillSpec(other.fillSpec), keptIn(nullptr),
+      firstPen(nullptr), firstBrush(nullptr)
 {
     CopyFrom(other);
 }
@@ -534,7 +535,7 @@ int vDEVICE::DrawTextOnLine(const vSTRING& text, const vPOINT& at, const short* 
     PASS pass;
     if (!Open(pass, GetStockObject(NULL_PEN), GetStockObject(NULL_BRUSH)))
         return 0;
-    SelectObject(pass.dc, Font());
+    SelectFont(pass);
     int done = ExtTextOutA(pass.dc, start.x, start.y, 0, nullptr, text(), text.Length(),
                            advances ? steps.data() : nullptr);
     Close(pass);
@@ -787,7 +788,7 @@ int vDEVICE::LineText(const vSTRING& text, const vRECT& rect, vTEXTALIGN align)
     PASS pass;
     if (!Open(pass, GetStockObject(NULL_PEN), GetStockObject(NULL_BRUSH)))
         return 0;
-    SelectObject(pass.dc, Font());
+    SelectFont(pass);
     SetBkMode(pass.dc, TRANSPARENT);
     RECT box = TextBox(pass.dc, text, rect, align);
     int done = ExtTextOutA(pass.dc, box.left, box.top, 0, nullptr, text(), text.Length(), nullptr);
@@ -800,7 +801,7 @@ int vDEVICE::FillText(const vSTRING& text, const vRECT& rect, vTEXTALIGN align)
     PASS pass;
     if (!Open(pass, GetStockObject(NULL_PEN), Brush()))
         return 0;
-    SelectObject(pass.dc, Font());
+    SelectFont(pass);
     RECT box = TextBox(pass.dc, text, rect, align);
     int done = Rectangle(pass.dc, box.left, box.top, box.right + 1, box.bottom + 1);
     Close(pass);
@@ -812,23 +813,81 @@ int vDEVICE::Open(PASS& pass, HGDIOBJ linePen, HGDIOBJ fillBrush)
     pass.dc = ActivateDC();
     if (!pass.dc)
         return 0;
-    pass.saved = SaveDC(pass.dc);
-    SelectObject(pass.dc, linePen);
-    SelectObject(pass.dc, fillBrush);
+    Select(pass, linePen, fillBrush);
+    pass.font = nullptr;
+    pass.saved = 0;
     // A context handed in may come clipped already; the device's area narrows it.
-    if (clip)
+    if (clip) {
+        pass.saved = SaveDC(pass.dc);
         ExtSelectClipRgn(pass.dc, clip, RGN_AND);
-    SetBkMode(pass.dc, transparent() ? TRANSPARENT : OPAQUE);
-    SetBkColor(pass.dc, fillSpec.ColourTo().PackedRGB());
-    SetTextColor(pass.dc, lineSpec.Colour().PackedRGB());
-    SetPolyFillMode(pass.dc, fillSpec.Mode() == vFILL_WINDING ? WINDING : ALTERNATE);
+    }
+    pass.bkMode = SetBkMode(pass.dc, transparent() ? TRANSPARENT : OPAQUE);
+    pass.bkColour = SetBkColor(pass.dc, fillSpec.ColourTo().PackedRGB());
+    pass.textColour = SetTextColor(pass.dc, lineSpec.Colour().PackedRGB());
+    pass.fillMode = SetPolyFillMode(pass.dc, fillSpec.Mode() == vFILL_WINDING ? WINDING : ALTERNATE);
     return 1;
 }
 
 void vDEVICE::Close(const PASS& pass)
 {
-    RestoreDC(pass.dc, pass.saved);
+    SetPolyFillMode(pass.dc, pass.fillMode);
+    SetTextColor(pass.dc, pass.textColour);
+    SetBkColor(pass.dc, pass.bkColour);
+    SetBkMode(pass.dc, pass.bkMode);
+    if (pass.saved)
+        RestoreDC(pass.dc, pass.saved);
+    if (pass.pen)
+        SelectObject(pass.dc, pass.pen);
+    if (pass.brush)
+        SelectObject(pass.dc, pass.brush);
+    if (pass.font)
+        SelectObject(pass.dc, pass.font);
     ReleaseDC();
+}
+
+void vDEVICE::SelectFont(PASS& pass)
+{
+    pass.font = SelectObject(pass.dc, Font());
+}
+
+int vDEVICE::KeepsSelection()
+{
+    return !painting && DeviceType() == vDEV_MEMORY;
+}
+
+// In a lasting context the objects stay for the next pass, and only a
+// change is selected; in any other the pass puts back what it found.
+void vDEVICE::Select(PASS& pass, HGDIOBJ linePen, HGDIOBJ fillBrush)
+{
+    if (!KeepsSelection()) {
+        pass.pen = SelectObject(pass.dc, linePen);
+        pass.brush = SelectObject(pass.dc, fillBrush);
+        return;
+    }
+    pass.pen = nullptr;
+    pass.brush = nullptr;
+    if (keptIn != pass.dc) {
+        LetKeptGo();
+        keptIn = pass.dc;
+        firstPen = SelectObject(pass.dc, linePen);
+        firstBrush = SelectObject(pass.dc, fillBrush);
+        return;
+    }
+    if (GetCurrentObject(pass.dc, OBJ_PEN) != linePen)
+        SelectObject(pass.dc, linePen);
+    if (GetCurrentObject(pass.dc, OBJ_BRUSH) != fillBrush)
+        SelectObject(pass.dc, fillBrush);
+}
+
+// Puts back what the lasting context held before the device's objects, so
+// that they can be deleted.
+void vDEVICE::LetKeptGo()
+{
+    if (!keptIn)
+        return;
+    SelectObject(keptIn, firstPen);
+    SelectObject(keptIn, firstBrush);
+    keptIn = nullptr;
 }
 
 HGDIOBJ vDEVICE::Pen()
@@ -866,6 +925,7 @@ HFONT vDEVICE::Font()
 
 void vDEVICE::DropPen()
 {
+    LetKeptGo();
     if (pen)
         DeleteObject(pen);
     pen = nullptr;
@@ -873,6 +933,7 @@ void vDEVICE::DropPen()
 
 void vDEVICE::DropBrush()
 {
+    LetKeptGo();
     if (brush)
         DeleteObject(brush);
     brush = nullptr;

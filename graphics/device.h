@@ -175,10 +175,19 @@ private:
     enum SAVED { SAVED_LINE = 1, SAVED_FILL = 2, SAVED_FONT = 4, SAVED_CLIP = 8, SAVED_ALL = 15 };
 
     // A drawing pass: the context with this device's objects and clip in
-    // place, and what is to be put back afterwards.
+    // place, and what is to be put back afterwards. Only a clipped pass
+    // saves the whole context; otherwise the few settings it changes are
+    // put back one by one, which costs far less.
     struct PASS {
         HDC dc;
         int saved;
+        HGDIOBJ pen;
+        HGDIOBJ brush;
+        HGDIOBJ font;
+        int bkMode;
+        COLORREF bkColour;
+        COLORREF textColour;
+        int fillMode;
     };
 
     int Open(PASS& pass, HGDIOBJ pen, HGDIOBJ brush);
@@ -191,6 +200,10 @@ private:
     void DropFont();
     void DeselectFont();
     void DropObjects();
+    int KeepsSelection();
+    void Select(PASS& pass, HGDIOBJ linePen, HGDIOBJ fillBrush);
+    void SelectFont(PASS& pass);
+    void LetKeptGo();
     void CopyFrom(const vDEVICE& other);
     void Clear();
 
@@ -235,6 +248,13 @@ private:
     vLINESPEC lineSpec;
     vFILLSPEC fillSpec;
     POINT lastPoint;
+    // A memory device's context lasts as long as the device, so its pen and
+    // brush stay selected between passes and go back only when they change
+    // or are deleted: the context in which they were selected, and what it
+    // held before.
+    HDC keptIn;
+    HGDIOBJ firstPen;
+    HGDIOBJ firstBrush;
 };
 
 // The rest of the device family.
