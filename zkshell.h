@@ -21,6 +21,7 @@
 #include "graphics/lineseg.h"
 #include "graphics/linesect.h"
 #include "graphics/device.h"
+#include "graphics/dib.h"
 #include "app/application.h"
 #include "app/window.h"
 #include "app/pointer.h"
@@ -28,3 +29,5 @@
 #include "app/capwin.h"
 #include "controls/control.h"
 #include "dialogs/dialog.h"
+#include "streams/stream.h"
+#include "filters/filter.h"

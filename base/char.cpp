@@ -1,5 +1,7 @@
 #include "base/char.h"
 
+#include "streams/stream.h"
+
 namespace {
 
 int Between(unsigned char code, unsigned char low, unsigned char high)
@@ -90,4 +92,16 @@ signed char vCHAR::Signed() const
 unsigned char vCHAR::Code() const
 {
     return static_cast<unsigned char>(character);
+}
+
+vSTREAM& vCHAR::operator>>(vSTREAM& stream) const
+{
+    stream.WriteSByte(Signed());
+    return stream;
+}
+
+vSTREAM& vCHAR::operator<<(vSTREAM& stream)
+{
+    character = static_cast<char>(stream.ReadSByte());
+    return stream;
 }

@@ -2,6 +2,7 @@
 
 #include "base/object.h"
 
+class vSTREAM;
 // One character of the platform's narrow character set. It orders as a signed
 // byte, and it classifies by plain ASCII whatever the locale.
 class ZKCORE_API vCHAR : public vOBJECT {
@@ -30,6 +31,12 @@ public:
     int IsCharNumeric() const;
     int IsCharUpperA() const;
     int IsCharLowerA() const;
+
+    // The value stands left of the arrow: >> writes it to the stream and <<
+    // reads it from there. Both answer the stream.
+    vSTREAM& operator>>(vSTREAM& stream) const;
+    vSTREAM& operator<<(vSTREAM& stream);
+
 
 private:
     signed char Signed() const;

@@ -1,6 +1,9 @@
 #include "base/datetime.h"
 
+#include <initializer_list>
 #include <windows.h>
+
+#include "streams/stream.h"
 
 namespace {
 
@@ -135,4 +138,19 @@ vSTRING vDATETIME::Time12() const
 vSTRING vDATETIME::Stamp() const
 {
     return vSTRING("%s %s", Time12()(), FullDate()());
+}
+
+// Six words in field order: year, month, day, hour, minute, second.
+vSTREAM& vDATETIME::operator>>(vSTREAM& stream) const
+{
+    for (unsigned short field : {year, month, day, hour, minute, second})
+        stream.WriteUWord(field);
+    return stream;
+}
+
+vSTREAM& vDATETIME::operator<<(vSTREAM& stream)
+{
+    for (unsigned short* field : {&year, &month, &day, &hour, &minute, &second})
+        *field = stream.ReadUWord();
+    return stream;
 }

@@ -38,6 +38,12 @@ public:
     // The time, one blank, then the date.
     vSTRING Stamp() const;
 
+    // The value stands left of the arrow: >> writes it to the stream and <<
+    // reads it from there. Both answer the stream.
+    vSTREAM& operator>>(vSTREAM& stream) const;
+    vSTREAM& operator<<(vSTREAM& stream);
+
+
 private:
     unsigned short year;
     unsigned short month;

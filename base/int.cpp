@@ -1,6 +1,7 @@
 #include "base/int.h"
 
 #include "base/real.h"
+#include "streams/stream.h"
 
 namespace {
 
@@ -117,4 +118,16 @@ vREAL vINT::operator/(const vREAL& real) const
     if (real() == 0)
         return vREAL();
     return vREAL::Raw(static_cast<long long>(value) * 65536 * 65536 / real());
+}
+
+vSTREAM& vINT::operator>>(vSTREAM& stream) const
+{
+    stream.WriteSLong(value);
+    return stream;
+}
+
+vSTREAM& vINT::operator<<(vSTREAM& stream)
+{
+    value = stream.ReadSLong();
+    return stream;
 }

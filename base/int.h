@@ -3,6 +3,7 @@
 #include "base/object.h"
 
 class vREAL;
+class vSTREAM;
 
 // A signed 32-bit whole number. Arithmetic wraps as the processor's does and
 // division has no guard: a zero divisor is the caller's fault.
@@ -37,6 +38,12 @@ public:
     vREAL operator*(const vREAL& real) const;
     // A zero divisor is the caller's fault; it is answered with 0.
     vREAL operator/(const vREAL& real) const;
+
+    // The value stands left of the arrow: >> writes it to the stream and <<
+    // reads it from there. Both answer the stream.
+    vSTREAM& operator>>(vSTREAM& stream) const;
+    vSTREAM& operator<<(vSTREAM& stream);
+
 
 private:
     long value;

@@ -1,5 +1,7 @@
 #include "base/point.h"
 
+#include "streams/stream.h"
+
 vPOINT::vPOINT(const vINT& x, const vINT& y) : x(x), y(y) {}
 
 vPOINT::vPOINT() = default;
@@ -71,4 +73,16 @@ const vINT& vSIZE::Width() const
 const vINT& vSIZE::Height() const
 {
     return y;
+}
+
+vSTREAM& vPOINT::operator>>(vSTREAM& stream) const
+{
+    x >> stream;
+    return y >> stream;
+}
+
+vSTREAM& vPOINT::operator<<(vSTREAM& stream)
+{
+    x << stream;
+    return y << stream;
 }

@@ -27,6 +27,12 @@ public:
     // known to be positive. (-3, 3) answers 0.
     vINT ManDist() const;
 
+    // The value stands left of the arrow: >> writes it to the stream and <<
+    // reads it from there. Both answer the stream.
+    vSTREAM& operator>>(vSTREAM& stream) const;
+    vSTREAM& operator<<(vSTREAM& stream);
+
+
     vINT x;
     vINT y;
 };

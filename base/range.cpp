@@ -1,5 +1,7 @@
 #include "base/range.h"
 
+#include "streams/stream.h"
+
 vRANGE::vRANGE(const vREAL& low, const vREAL& high) : low(low), high(high) {}
 
 vRANGE::vRANGE(const vINT& low, const vINT& high) : low(low), high(high) {}
@@ -54,4 +56,16 @@ int vRANGE::operator>(const vRANGE& other) const
 int vRANGE::operator>=(const vRANGE& other) const
 {
     return low >= other.low && high >= other.high;
+}
+
+vSTREAM& vRANGE::operator>>(vSTREAM& stream) const
+{
+    low >> stream;
+    return high >> stream;
+}
+
+vSTREAM& vRANGE::operator<<(vSTREAM& stream)
+{
+    low << stream;
+    return high << stream;
 }

@@ -23,6 +23,12 @@ public:
     int operator>(const vRANGE& other) const;
     int operator>=(const vRANGE& other) const;
 
+    // The value stands left of the arrow: >> writes it to the stream and <<
+    // reads it from there. Both answer the stream.
+    vSTREAM& operator>>(vSTREAM& stream) const;
+    vSTREAM& operator<<(vSTREAM& stream);
+
+
 private:
     friend class vSCROLLBAR;
 

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "streams/stream.h"
+
 namespace {
 
 const long One = 0x10000;
@@ -200,4 +202,17 @@ long vANGLE::QuarterSine(long raw)
         return SineTable[degree];
     long step = SineTable[degree + 1] - SineTable[degree];
     return SineTable[degree] + step * fraction / One;
+}
+
+// The raw 16.16 word, as it stands.
+vSTREAM& vREAL::operator>>(vSTREAM& stream) const
+{
+    stream.WriteSLong(value);
+    return stream;
+}
+
+vSTREAM& vREAL::operator<<(vSTREAM& stream)
+{
+    value = stream.ReadSLong();
+    return stream;
 }

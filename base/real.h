@@ -1,7 +1,6 @@
 #pragma once
 
 #include "base/int.h"
-
 // A signed fixed-point number in 16.16 form: the raw word over 65536. It is how
 // coordinates are scaled without floating point.
 class ZKCORE_API vREAL : public vOBJECT {
@@ -41,6 +40,12 @@ public:
     vINT Round() const;
     vINT Ceil() const;
     vINT Floor() const;
+
+    // The value stands left of the arrow: >> writes it to the stream and <<
+    // reads it from there. Both answer the stream.
+    vSTREAM& operator>>(vSTREAM& stream) const;
+    vSTREAM& operator<<(vSTREAM& stream);
+
 
 private:
     friend class vINT;

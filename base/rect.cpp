@@ -1,6 +1,7 @@
 #include "base/rect.h"
 
 #include "graphics/device.h"
+#include "streams/stream.h"
 
 vRECT::vRECT(const vPOINT& topLeft, const vPOINT& bottomRight)
     : topLeft(topLeft), bottomRight(bottomRight)
@@ -155,4 +156,17 @@ vRECT vRECT::Expand(vINT dx, vINT dy)
 void vRECT::Draw(vDEVICE& device) const
 {
     device.DrawRect(*this);
+}
+
+// Left, top, right, bottom: the two corners in field order.
+vSTREAM& vRECT::operator>>(vSTREAM& stream) const
+{
+    topLeft >> stream;
+    return bottomRight >> stream;
+}
+
+vSTREAM& vRECT::operator<<(vSTREAM& stream)
+{
+    topLeft << stream;
+    return bottomRight << stream;
 }

@@ -57,6 +57,12 @@ public:
     // Draws the rectangle with the device's current line and fill.
     void Draw(vDEVICE& device) const;
 
+    // The value stands left of the arrow: >> writes it to the stream and <<
+    // reads it from there. Both answer the stream.
+    vSTREAM& operator>>(vSTREAM& stream) const;
+    vSTREAM& operator<<(vSTREAM& stream);
+
+
 private:
     vPOINT topLeft;
     vPOINT bottomRight;

@@ -1,6 +1,7 @@
 #include "base/resid.h"
 
 #include "base/system.h"
+#include "streams/stream.h"
 
 namespace {
 
@@ -32,4 +33,20 @@ int vRESID::operator==(const vRESID& other) const
 HINSTANCE vRESID::Instance() const
 {
     return instance;
+}
+
+// The module handle goes as it stands, like a pointer: a token that only the
+// writing process can use. The number follows it.
+vSTREAM& vRESID::operator>>(vSTREAM& stream) const
+{
+    stream.WriteULong(reinterpret_cast<unsigned long>(instance));
+    stream.WriteUWord(id);
+    return stream;
+}
+
+vSTREAM& vRESID::operator<<(vSTREAM& stream)
+{
+    instance = reinterpret_cast<HINSTANCE>(stream.ReadULong());
+    id = stream.ReadUWord();
+    return stream;
 }

@@ -5,6 +5,7 @@
 #include "base/object.h"
 
 class vMODULE;
+class vSTREAM;
 
 // A resource number and the module in whose resources it is looked up.
 class ZKCORE_API vRESID : public vOBJECT {
@@ -20,6 +21,12 @@ public:
 
     // The module handle that every resource loader needs.
     HINSTANCE Instance() const;
+
+    // The value stands left of the arrow: >> writes it to the stream and <<
+    // reads it from there. Both answer the stream.
+    vSTREAM& operator>>(vSTREAM& stream) const;
+    vSTREAM& operator<<(vSTREAM& stream);
+
 
 private:
     vRESID(unsigned short id, HINSTANCE instance);

@@ -5,6 +5,8 @@ void BenchLists();
 void BenchStrings();
 void BenchDrawing();
 void BenchDispatch();
+void BenchStreams();
+void BenchImages();
 
 int main()
 {
@@ -13,6 +15,8 @@ int main()
     BenchStrings();
     BenchDrawing();
     BenchDispatch();
+    BenchStreams();
+    BenchImages();
     zkbench::Print();
     return 0;
 }

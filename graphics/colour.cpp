@@ -1,5 +1,7 @@
 #include "graphics/colour.h"
 
+#include "streams/stream.h"
+
 namespace {
 
 const unsigned char FullTint = 100;
@@ -78,4 +80,23 @@ int vCOLOUR::operator!=(const vCOLOUR& other) const
 int vCOLOUR::EqualsWithoutTint(const vCOLOUR& other) const
 {
     return rgb == other.rgb && nativeFormat == other.nativeFormat && spare == other.spare;
+}
+
+// Eight bytes: the packed value, the format, the tint and the spare word.
+vSTREAM& vCOLOUR::operator>>(vSTREAM& stream) const
+{
+    stream.WriteULong(rgb);
+    stream.WriteUByte(nativeFormat);
+    stream.WriteUByte(tint);
+    stream.WriteUWord(spare);
+    return stream;
+}
+
+vSTREAM& vCOLOUR::operator<<(vSTREAM& stream)
+{
+    rgb = stream.ReadULong();
+    nativeFormat = stream.ReadUByte();
+    tint = stream.ReadUByte();
+    spare = stream.ReadUWord();
+    return stream;
 }

@@ -3,6 +3,7 @@
 #include "base/object.h"
 
 class vDEVICE;
+class vSTREAM;
 
 // A colour as the platform packs it: red in the low byte, then green, then
 // blue. The native format and the tint travel with it; a fresh colour has
@@ -25,6 +26,12 @@ public:
     int operator==(const vCOLOUR& other) const;
     int operator!=(const vCOLOUR& other) const;
     int EqualsWithoutTint(const vCOLOUR& other) const;
+
+    // The value stands left of the arrow: >> writes it to the stream and <<
+    // reads it from there. Both answer the stream.
+    vSTREAM& operator>>(vSTREAM& stream) const;
+    vSTREAM& operator<<(vSTREAM& stream);
+
 
 private:
     // The device hands the packed value straight to the platform.

@@ -1,7 +1,11 @@
 #include "graphics/device.h"
 
+#include <algorithm>
 #include <cstdarg>
 #include <vector>
+
+#include "base/memory.h"
+#include "graphics/dib.h"
 
 namespace {
 
@@ -96,6 +100,47 @@ int MaskedBlit(HDC target, const POINT& at, HDC picture, int width, int height, 
     SelectObject(masking, previous);
     DeleteObject(mask);
     DeleteDC(masking);
+    return done;
+}
+
+// The largest rectangle of the source's proportions, centred in the target.
+RECT Fitted(const RECT& source, const RECT& target)
+{
+    int sourceWidth = source.right - source.left;
+    int sourceHeight = source.bottom - source.top;
+    int width = target.right - target.left;
+    int height = target.bottom - target.top;
+    if (static_cast<long long>(width) * sourceHeight <= static_cast<long long>(height) * sourceWidth)
+        height = MulDiv(sourceHeight, width, sourceWidth);
+    else
+        width = MulDiv(sourceWidth, height, sourceHeight);
+    int left = target.left + (target.right - target.left - width) / 2;
+    int top = target.top + (target.bottom - target.top - height) / 2;
+    return RECT{left, top, left + width, top + height};
+}
+
+// Paints a band of 24-bit lines, bottom up, into the target; with a key
+// colour through a picture of its own, so that the key can be masked out.
+int PaintBand(HDC dc, const RECT& target, const RECT& source, const BITMAPINFO& info, const void* bits,
+              const vCOLOUR* key)
+{
+    int width = target.right - target.left;
+    int height = target.bottom - target.top;
+    int sourceWidth = source.right - source.left;
+    int sourceHeight = source.bottom - source.top;
+    if (!key)
+        return StretchDIBits(dc, target.left, target.top, width, height, source.left, source.top, sourceWidth,
+                             sourceHeight, bits, &info, DIB_RGB_COLORS, SRCCOPY) != 0;
+    HDC picture = CreateCompatibleDC(dc);
+    HBITMAP bitmap = CreateCompatibleBitmap(dc, width, height);
+    HGDIOBJ previous = SelectObject(picture, bitmap);
+    SetStretchBltMode(picture, COLORONCOLOR);
+    StretchDIBits(picture, 0, 0, width, height, source.left, source.top, sourceWidth, sourceHeight, bits, &info,
+                  DIB_RGB_COLORS, SRCCOPY);
+    int done = MaskedBlit(dc, POINT{target.left, target.top}, picture, width, height, *key);
+    SelectObject(picture, previous);
+    DeleteObject(bitmap);
+    DeleteDC(picture);
     return done;
 }
 
@@ -563,6 +608,42 @@ int vDEVICE::DrawBitmap(const vBITMAP& bitmap, const vPOINT& at)
     POINT start = Platform(LPtoDP(at));
     RECT target = {start.x, start.y, start.x + whole.right - whole.left, start.y + whole.bottom - whole.top};
     return Blit(bitmap, whole, target);
+}
+
+int vDEVICE::DrawDIB(const oDIB& dib, const vRECT& target, vCOLOUR* key)
+{
+    vRECT place = target;
+    return DrawDIB(dib, nullptr, key, 0, -1, &place, 0, nullptr);
+}
+
+int vDEVICE::DrawDIB(const oDIB& dib, vRECT* source, vCOLOUR* key, int first, int last, vRECT* target,
+                     int keepAspect, vCOLOUR* background)
+{
+    const oDIBHEADER& header = *dib.GetHeader();
+    RECT whole = {0, 0, static_cast<LONG>(header.Width()), static_cast<LONG>(header.Height())};
+    RECT from = whole;
+    if (source) {
+        RECT asked = Platform(*source);
+        IntersectRect(&from, &asked, &whole);
+    }
+    long top = last < 0 || last >= whole.bottom ? whole.bottom - 1 : last;
+    if (IsRectEmpty(&from) || first < 0 || first > top)
+        return 0;
+    POINT at = Platform(LPtoDP(vPOINT(0, 0)));
+    RECT to = target ? Platform(LPtoDP(*target))
+                     : RECT{at.x, at.y, at.x + from.right - from.left, at.y + from.bottom - from.top};
+    PASS pass;
+    if (!Open(pass, GetStockObject(NULL_PEN), GetStockObject(NULL_BRUSH)))
+        return 0;
+    if (background) {
+        HBRUSH fill = CreateSolidBrush(background->PackedRGB());
+        ::FillRect(pass.dc, &to, fill);
+        DeleteObject(fill);
+    }
+    int done = DrawBand(pass.dc, dib, from, keepAspect ? Fitted(from, to) : to, static_cast<unsigned long>(first),
+                        static_cast<unsigned long>(top), key);
+    Close(pass);
+    return done;
 }
 
 int vDEVICE::DrawTransparentBitmap(const vBITMAP& bitmap, const vPOINT& at, const vCOLOUR& key)
@@ -1123,5 +1204,40 @@ int vDEVICE::Blit(const vBITMAP& bitmap, const RECT& source, const RECT& target)
     SelectObject(picture, previous);
     DeleteDC(picture);
     Close(pass);
+    return done;
+}
+
+int vDEVICE::DrawBand(HDC dc, const oDIB& dib, const RECT& source, const RECT& target, unsigned long first,
+                      unsigned long last, vCOLOUR* key)
+{
+    const oDIBHEADER& header = *dib.GetHeader();
+    long height = static_cast<long>(header.Height());
+    // The band's rows counted from the top, narrowed to the source.
+    long rowTop = std::max<long>(height - 1 - static_cast<long>(last), source.top);
+    long rowEnd = std::min<long>(height - static_cast<long>(first), source.bottom);
+    unsigned long stride = oDIBHEADER::LineBytes(header.Width(), 24);
+    unsigned long lines = std::max(1UL, 0x10000UL / stride);
+    unsigned char* bits = static_cast<unsigned char*>(vMemAlloc(lines * stride));
+    BITMAPINFO info = {};
+    info.bmiHeader = header.Info();
+    info.bmiHeader.biBitCount = 24;
+    info.bmiHeader.biClrUsed = 0;
+    int done = bits != nullptr;
+    SetStretchBltMode(dc, COLORONCOLOR);
+    for (long row = rowTop; done && row < rowEnd; row += static_cast<long>(lines)) {
+        long count = std::min(static_cast<long>(lines), rowEnd - row);
+        oCOLOUR_MODEL model = oMODEL_RGB;
+        unsigned long low = static_cast<unsigned long>(height - row - count);
+        done = dib.GetImageLines(low, low + static_cast<unsigned long>(count) - 1, bits, &model);
+        info.bmiHeader.biHeight = count;
+        info.bmiHeader.biSizeImage = static_cast<DWORD>(count) * stride;
+        long sourceHeight = source.bottom - source.top;
+        long targetHeight = target.bottom - target.top;
+        RECT part = {target.left, target.top + MulDiv(row - source.top, targetHeight, sourceHeight), target.right,
+                     target.top + MulDiv(row + count - source.top, targetHeight, sourceHeight)};
+        RECT band = {source.left, 0, source.right, count};
+        done = done && (part.bottom == part.top || PaintBand(dc, part, band, info, bits, key));
+    }
+    vMemFree(bits);
     return done;
 }

@@ -13,6 +13,7 @@
 #include "graphics/linespec.h"
 #include "graphics/shape.h"
 
+class oDIB;
 class vBITMAP;
 class vFONTDETAIL;
 class vSCREEN;
@@ -109,6 +110,19 @@ public:
     virtual int DrawBitmap(const vBITMAP& bitmap, const vRECT& source, const vRECT& target);
     virtual int DrawBitmap(const vBITMAP& bitmap, const vRECT& target);
     virtual int DrawBitmap(const vBITMAP& bitmap, const vPOINT& at);
+    // The whole picture stretched into the target; with a key colour, the
+    // pixels of that colour are left undrawn.
+    virtual int DrawDIB(const oDIB& dib, const vRECT& target, vCOLOUR* key);
+    // The source is in the picture's pixels, counted from its top left corner
+    // (null: the whole picture), and lands on the target (null: at the
+    // logical origin, one device unit for each pixel). Only the picture's
+    // lines from first to last are drawn, each where it belongs in the
+    // whole, so that a picture can be shown band by band as it loads; a
+    // negative last runs to the top line. With keepAspect the source keeps
+    // its proportions, centred in the target, and a background colour, when
+    // given, fills the target first.
+    virtual int DrawDIB(const oDIB& dib, vRECT* source, vCOLOUR* key, int first, int last, vRECT* target,
+                        int keepAspect, vCOLOUR* background);
     // Leaves the pixels of the key colour undrawn.
     virtual int DrawTransparentBitmap(const vBITMAP& bitmap, const vPOINT& at, const vCOLOUR& key);
 
@@ -220,6 +234,10 @@ private:
     int Curve(const vRECT& rect, const vPOINT& start, const vPOINT& end,
               BOOL(WINAPI* draw)(HDC, int, int, int, int, int, int, int, int), HGDIOBJ brush);
     int Blit(const vBITMAP& bitmap, const RECT& source, const RECT& target);
+    // Lines from first to last of the picture's rows source.top to
+    // source.bottom onto their share of the target.
+    int DrawBand(HDC dc, const oDIB& dib, const RECT& source, const RECT& target, unsigned long first,
+                 unsigned long last, vCOLOUR* key);
 
     static HDC current;
 

@@ -1,9 +1,19 @@
 #include "graphics/fillspec.h"
 
+#include <initializer_list>
+
+#include "streams/stream.h"
+
 vFILLSPEC::vFILLSPEC(vFILLTYPE type, const vCOLOUR& from, const vCOLOUR& to,
                      const vANGLE& angle, vFILLMODE mode)
     : colourFrom(from), colourTo(to), angle(angle), type(type), mode(mode), special(0)
 {
+}
+
+vFILLSPEC::vFILLSPEC(vSTREAM& stream)
+    : vFILLSPEC(vFILL_HOLLOW, vCOLOUR(), vCOLOUR(), vANGLE(), vFILL_ALTERNATE)
+{
+    *this << stream;
 }
 
 vCOLOUR vFILLSPEC::Colour() const
@@ -89,4 +99,25 @@ int vFILLSPEC::operator==(const vFILLSPEC& other) const
 int vFILLSPEC::operator!=(const vFILLSPEC& other) const
 {
     return !(*this == other);
+}
+
+vSTREAM& vFILLSPEC::operator>>(vSTREAM& stream) const
+{
+    colourFrom >> stream;
+    colourTo >> stream;
+    angle >> stream;
+    for (long field : {long(type), long(mode), special})
+        stream.WriteSLong(field);
+    return stream;
+}
+
+vSTREAM& vFILLSPEC::operator<<(vSTREAM& stream)
+{
+    colourFrom << stream;
+    colourTo << stream;
+    angle << stream;
+    type = static_cast<vFILLTYPE>(stream.ReadSLong());
+    mode = static_cast<vFILLMODE>(stream.ReadSLong());
+    special = stream.ReadSLong();
+    return stream;
 }

@@ -33,6 +33,8 @@ class ZKCORE_API vFILLSPEC : public vOBJECT {
 public:
     vFILLSPEC(vFILLTYPE type, const vCOLOUR& from, const vCOLOUR& to,
               const vANGLE& angle, vFILLMODE mode);
+    // A hollow black fill, then whatever the stream holds.
+    explicit vFILLSPEC(vSTREAM& stream);
 
     // Colour and ColourFrom are one field under two names.
     vCOLOUR Colour() const;
@@ -55,6 +57,12 @@ public:
     // A spec marked special equals nothing, not even itself.
     int operator==(const vFILLSPEC& other) const;
     int operator!=(const vFILLSPEC& other) const;
+
+    // The spec stands left of the arrow: >> writes its fields in order and <<
+    // reads them; the special word travels too, so a round trip keeps it.
+    // Both answer the stream.
+    vSTREAM& operator>>(vSTREAM& stream) const;
+    vSTREAM& operator<<(vSTREAM& stream);
 
 private:
     vCOLOUR colourFrom;

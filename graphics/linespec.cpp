@@ -1,6 +1,9 @@
 #include "graphics/linespec.h"
 
 #include <algorithm>
+#include <initializer_list>
+
+#include "streams/stream.h"
 
 vLINESPEC::vLINESPEC(vLINETYPE lineType, const vCOLOUR& colour, const vINT& width,
                      vCORNERTYPE cornerType, vDASHTYPE dashType, const unsigned char* pattern)
@@ -9,6 +12,12 @@ vLINESPEC::vLINESPEC(vLINETYPE lineType, const vCOLOUR& colour, const vINT& widt
 {
     if (pattern)
         std::copy(pattern, pattern + PatternLength, this->pattern);
+}
+
+vLINESPEC::vLINESPEC(vSTREAM& stream)
+    : vLINESPEC(vLINE_SOLID, vCOLOUR(), vINT(), vCORNER_ROUND, vDASH_SOLID, nullptr)
+{
+    *this << stream;
 }
 
 vLINETYPE vLINESPEC::LineType() const
@@ -70,4 +79,27 @@ int vLINESPEC::operator==(const vLINESPEC& other) const
 int vLINESPEC::operator!=(const vLINESPEC& other) const
 {
     return !(*this == other);
+}
+
+vSTREAM& vLINESPEC::operator>>(vSTREAM& stream) const
+{
+    colour >> stream;
+    width >> stream;
+    for (long field : {long(lineType), long(cornerType), long(dashType)})
+        stream.WriteSLong(field);
+    for (unsigned char byte : pattern)
+        stream.WriteUByte(byte);
+    return stream;
+}
+
+vSTREAM& vLINESPEC::operator<<(vSTREAM& stream)
+{
+    colour << stream;
+    width << stream;
+    lineType = static_cast<vLINETYPE>(stream.ReadSLong());
+    cornerType = static_cast<vCORNERTYPE>(stream.ReadSLong());
+    dashType = static_cast<vDASHTYPE>(stream.ReadSLong());
+    for (unsigned char& byte : pattern)
+        byte = stream.ReadUByte();
+    return stream;
 }

@@ -33,6 +33,8 @@ public:
     // A null pattern means six zero bytes.
     vLINESPEC(vLINETYPE lineType, const vCOLOUR& colour, const vINT& width,
               vCORNERTYPE cornerType, vDASHTYPE dashType, const unsigned char* pattern);
+    // A solid black hairline, then whatever the stream holds.
+    explicit vLINESPEC(vSTREAM& stream);
 
     vLINETYPE LineType() const;
     vCOLOUR Colour() const;
@@ -50,6 +52,11 @@ public:
     // two specs that differ only in pattern are equal.
     int operator==(const vLINESPEC& other) const;
     int operator!=(const vLINESPEC& other) const;
+
+    // The spec stands left of the arrow: >> writes its fields in order, the
+    // pattern included, and << reads them. Both answer the stream.
+    vSTREAM& operator>>(vSTREAM& stream) const;
+    vSTREAM& operator<<(vSTREAM& stream);
 
 private:
     static const unsigned short PatternLength = 6;

@@ -10,7 +10,8 @@ have_all() {
   command -v Xvfb >/dev/null && command -v cmake >/dev/null &&
   command -v ninja >/dev/null &&
   [ -f /usr/src/googletest/CMakeLists.txt ] &&
-  dpkg -s wine32:i386 >/dev/null 2>&1
+  dpkg -s wine32:i386 >/dev/null 2>&1 &&
+  dpkg -s imagemagick >/dev/null 2>&1
 }
 
 if have_all; then
@@ -28,4 +29,4 @@ dpkg --add-architecture i386
 apt-get update || true
 apt-get install -y -t bookworm --no-install-recommends \
   g++-mingw-w64-i686-posix mingw-w64-tools binutils-mingw-w64-i686 \
-  wine wine32:i386 xvfb xauth cmake ninja-build make googletest
+  wine wine32:i386 xvfb xauth cmake ninja-build make googletest imagemagick

@@ -1,4 +1,5 @@
 #include "support/zktest.h"
+#include "support/streamform.h"
 
 #include "base/char.h"
 
@@ -40,5 +41,13 @@ INSTANTIATE_TEST_SUITE_P(Boundaries, CharClassTest, ::testing::Values(
     Classes{'`', 0, 0, 0, 0}, Classes{'{', 0, 0, 0, 0}, Classes{'0', 0, 1, 0, 0},
     Classes{'9', 0, 1, 0, 0}, Classes{'/', 0, 0, 0, 0}, Classes{':', 0, 0, 0, 0},
     Classes{0xE9, 0, 0, 0, 0}, Classes{0xC9, 0, 0, 0, 0}));
+
+TEST(CharTest, StreamFormIsOneByte)
+{
+    EXPECT_EQ(zktest::StreamForm(vCHAR(0xE9)), (zktest::StreamBytes{0xE9}));
+    vCHAR read;
+    EXPECT_EQ(zktest::ReadStreamForm({0x80}, read), vSTREAM_GOOD);
+    EXPECT_TRUE(read < vCHAR('A'));
+}
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include "support/zktest.h"
+#include "support/streamform.h"
 
 #include "base/datetime.h"
 
@@ -42,6 +43,17 @@ TEST(DateTimeTest, TextFormsPutTheTimeFirst)
     EXPECT_STREQ(date.Stamp()(), "11:59:58 pm 24 December 1996");
     EXPECT_STREQ(vDATETIME(1, 1, 2000, 0, 5, 9).Time12()(), "12:05:09 am");
     EXPECT_STREQ(vDATETIME(1, 1, 2000, 12, 0, 0).Time12()(), "12:00:00 pm");
+}
+
+// Six words in field order, which is not the order of the constructor.
+TEST(DateTimeTest, StreamFormIsSixWordsYearFirst)
+{
+    vDATETIME when(vINT(24), vINT(12), vINT(1996), vINT(23), vINT(59), vINT(58));
+    zktest::StreamBytes bytes{0xCC, 0x07, 12, 0, 24, 0, 23, 0, 59, 0, 58, 0};
+    EXPECT_EQ(zktest::StreamForm(when), bytes);
+    vDATETIME read;
+    EXPECT_EQ(zktest::ReadStreamForm(bytes, read), vSTREAM_GOOD);
+    EXPECT_TRUE(read == when);
 }
 
 }  // namespace

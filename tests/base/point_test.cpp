@@ -1,4 +1,5 @@
 #include "support/zktest.h"
+#include "support/streamform.h"
 
 #include "base/point.h"
 
@@ -32,6 +33,17 @@ TEST(PointTest, ManDistIsThePlainSumAndSizeNamesTheComponents)
     vSIZE size(40, 30);
     EXPECT_EQ(size.Width()(), 40);
     EXPECT_EQ(size.Height()(), 30);
+}
+
+// x then y; a size is a point and goes the same way.
+TEST(PointTest, StreamFormIsXThenY)
+{
+    zktest::StreamBytes bytes{0x01, 0, 0, 0, 0xFE, 0xFF, 0xFF, 0xFF};
+    EXPECT_EQ(zktest::StreamForm(vPOINT(1, -2)), bytes);
+    vSIZE size;
+    EXPECT_EQ(zktest::ReadStreamForm(bytes, size), vSTREAM_GOOD);
+    EXPECT_EQ(size.Width()(), 1);
+    EXPECT_EQ(size.Height()(), -2);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include <cmath>
 
 #include "support/zktest.h"
+#include "support/streamform.h"
 
 #include "base/values.h"
 
@@ -65,6 +66,16 @@ TEST(AngleTest, SineAndCosineAreExactAtQuarterTurnsAndCloseBetween)
         EXPECT_NEAR(vANGLE(angle).Sin()(), std::sin(radians) * 65536, tolerance) << angle;
         EXPECT_NEAR(vANGLE(angle).Cos()(), std::cos(radians) * 65536, tolerance) << angle;
     }
+}
+
+// The raw 16.16 word goes as it stands; an angle keeps its unreduced value.
+TEST(RealTest, StreamFormIsTheRawWord)
+{
+    EXPECT_EQ(zktest::StreamForm(vREAL(1.5)), (zktest::StreamBytes{0x00, 0x80, 0x01, 0x00}));
+    EXPECT_EQ(zktest::StreamForm(vREAL(-1)), (zktest::StreamBytes{0x00, 0x00, 0xFF, 0xFF}));
+    vANGLE angle;
+    EXPECT_EQ(zktest::ReadStreamForm(zktest::StreamForm(vANGLE(-390.0)), angle), vSTREAM_GOOD);
+    EXPECT_TRUE(angle == vANGLE(-390.0));
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include "support/zktest.h"
+#include "support/streamform.h"
 
 #include "base/rect.h"
 
@@ -66,6 +67,21 @@ TEST(RectTest, ExpandAndMove)
     EXPECT_TRUE(result == rect);
     EXPECT_TRUE(rect + vPOINT(1, 2) == vRECT(5, 26, 37, 38));
     EXPECT_TRUE(rect != vRECT(4, 24, 36, 37));
+}
+
+// Left, top, right, bottom; an inverted rectangle stays inverted, and a
+// short stream ends without filling the rest.
+TEST(RectTest, StreamFormIsTheFourEdgesInOrder)
+{
+    vRECT rect(vINT(3), vINT(4), vINT(-1), vINT(2));
+    zktest::StreamBytes bytes = zktest::StreamForm(rect);
+    EXPECT_EQ(bytes, (zktest::StreamBytes{3, 0, 0, 0, 4, 0, 0, 0, 0xFF, 0xFF, 0xFF, 0xFF, 2, 0, 0, 0}));
+    vRECT read;
+    EXPECT_EQ(zktest::ReadStreamForm(bytes, read), vSTREAM_GOOD);
+    EXPECT_TRUE(read == rect);
+    EXPECT_EQ(zktest::ReadStreamForm(zktest::StreamBytes(bytes.begin(), bytes.begin() + 10), read), vSTREAM_END);
+    EXPECT_EQ(read.Left()(), 3);
+    EXPECT_EQ(read.Right()(), 0);
 }
 
 }  // namespace

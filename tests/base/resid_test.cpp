@@ -1,4 +1,5 @@
 #include "support/zktest.h"
+#include "support/streamform.h"
 
 #include "base/ctrlid.h"
 #include "base/resid.h"
@@ -40,6 +41,22 @@ TEST(CtrlIdTest, HoldsSixteenBits)
     EXPECT_EQ(static_cast<unsigned short>(vCTRLID()), 0);
     EXPECT_TRUE(vCTRLID(65535) == vCTRLID(65535));
     EXPECT_FALSE(vCTRLID(65535) == vCTRLID(1));
+}
+
+// The module handle as a four-byte token, then the number.
+TEST(ResIdTest, StreamFormIsTheHandleThenTheNumber)
+{
+    vRESID id(0x1234, vSYSTEM::Pointer());
+    zktest::StreamBytes bytes = zktest::StreamForm(id);
+    ASSERT_EQ(bytes.size(), 6U);
+    unsigned long handle = bytes[0] | bytes[1] << 8 | bytes[2] << 16 | static_cast<unsigned long>(bytes[3]) << 24;
+    EXPECT_EQ(handle, reinterpret_cast<unsigned long>(id.Instance()));
+    EXPECT_EQ(bytes[4], 0x34);
+    EXPECT_EQ(bytes[5], 0x12);
+    vRESID read;
+    EXPECT_EQ(zktest::ReadStreamForm(bytes, read), vSTREAM_GOOD);
+    EXPECT_EQ(read(), 0x1234);
+    EXPECT_EQ(read.Instance(), id.Instance());
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include "support/zktest.h"
+#include "support/streamform.h"
 
 #include <cstring>
 
@@ -78,6 +79,19 @@ TEST(ColourTest, TintAloneIsLeftOutOfEqualsWithoutTint)
     EXPECT_EQ(WithBytes(spared) == plain, 0);
     EXPECT_EQ(WithBytes(spared).EqualsWithoutTint(plain), 0);
     EXPECT_EQ(vCOLOUR(0x10L, 1).EqualsWithoutTint(vCOLOUR(0x10L, 0)), 0);
+}
+
+// Eight bytes: the packed value, the format, the tint, the spare word.
+TEST(ColourTest, StreamFormIsEightBytesInFieldOrder)
+{
+    vCOLOUR colour(0x12, 0x34, 0x56);
+    zktest::StreamBytes bytes{0x12, 0x34, 0x56, 0x00, 0, 100, 0, 0};
+    EXPECT_EQ(zktest::StreamForm(colour), bytes);
+    bytes[5] = 50;
+    vCOLOUR read;
+    EXPECT_EQ(zktest::ReadStreamForm(bytes, read), vSTREAM_GOOD);
+    EXPECT_TRUE(read.EqualsWithoutTint(colour));
+    EXPECT_FALSE(read == colour);
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include "support/zktest.h"
+#include "support/streamform.h"
 
 #include <cstring>
 #include <functional>
@@ -70,6 +71,22 @@ TEST(FillSpecTest, ASpecialLeftSideEqualsNothingNotEvenItself)
     EXPECT_EQ(special != special, 1);
     EXPECT_EQ(Sample() == special, 1);
     EXPECT_EQ(Sample() != special, 0);
+}
+
+TEST(FillSpecTest, StreamFormIsTheFieldsInOrder)
+{
+    vFILLSPEC spec(vFILL_HATCH_CROSS, vCOLOUR(1, 2, 3), vCOLOUR(4, 5, 6), vANGLE(short(45)), vFILL_WINDING);
+    zktest::StreamBytes bytes = zktest::StreamForm(spec);
+    zktest::StreamBytes expected{1, 2, 3, 0, 0, 100, 0, 0, 4, 5, 6, 0, 0, 100, 0, 0, 0, 0, 45, 0,
+                                 12, 0, 0, 0, 2, 0, 0, 0, 0, 0, 0, 0};
+    EXPECT_EQ(bytes, expected);
+
+    vMEMSTREAM stream;
+    zktest::Refill(stream, bytes);
+    vFILLSPEC read(stream);
+    EXPECT_EQ(stream.Status(), vSTREAM_GOOD);
+    EXPECT_TRUE(read == spec);
+    EXPECT_TRUE(read.Hatched());
 }
 
 }  // namespace
