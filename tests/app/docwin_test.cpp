@@ -3,20 +3,14 @@
 
 #include "app/appaccess.h"
 #include "app/docwin.h"
+#include "app/recorder.h"
 #include "support/zktest.h"
 
 namespace {
 
 typedef std::vector<std::string> LIST;
 
-class TraceLevel {
-public:
-    explicit TraceLevel(unsigned short level) : saved(vSYSTEM::GetTraceLevel()) { vSYSTEM::SetTraceLevel(level); }
-    ~TraceLevel() { vSYSTEM::SetTraceLevel(saved); }
-
-private:
-    unsigned short saved;
-};
+using wintest::TraceLevel;
 
 vDOCWIN* NewDocument(const vAPP& app, const char* title)
 {
@@ -131,6 +125,41 @@ TEST_F(DocWinTest, ActivatingAndMaximisingGoThroughTheClient)
     first->Normalise();
     delete second;
     delete first;
+}
+
+// A tiled window cannot be dragged by its caption, and of its frame only
+// the top edge reaches the library's frame dragging, which clears the drag
+// mark that the test leaves set; a window out of the tiling is not held.
+TEST_F(DocWinTest, ATiledWindowHoldsItsPlaceAgainstTheMouse)
+{
+    struct CASE {
+        vMDIARRANGE mode;
+        UINT message;
+        WPARAM hit;
+        bool swallowed;
+    };
+    const CASE cases[] = {
+        {ARRANGE_COLUMNS, WM_NCMOUSEMOVE, HTLEFT, true},
+        {ARRANGE_ROWS, WM_NCMOUSEMOVE, HTBOTTOM, true},
+        {ARRANGE_COLUMNS, WM_NCMOUSEMOVE, HTTOP, false},
+        {ARRANGE_CASCADE, WM_NCMOUSEMOVE, HTLEFT, false},
+        {ARRANGE_COLUMNS, WM_NCLBUTTONDOWN, HTCAPTION, true},
+    };
+    vDOCWIN* document = NewDocument(*app, "Held");
+    document->Show();
+    for (const CASE& given : cases) {
+        SCOPED_TRACE(std::to_string(given.mode) + " " + std::to_string(given.message) + " " +
+                     std::to_string(given.hit));
+        app->ArrangeDocWins(given.mode);
+        vWIN::fBorderDrag = 1;
+        LRESULT answer = SendMessageA((*document)(), given.message, given.hit, 0);
+        EXPECT_EQ(vWIN::fBorderDrag, given.swallowed ? 1 : 0);
+        if (given.swallowed)
+            EXPECT_EQ(answer, 0);
+    }
+    vWIN::fBorderDrag = 0;
+    app->ArrangeDocWins(ARRANGE_CASCADE);
+    delete document;
 }
 
 // A program without a Window menu shows its one document filling the
