@@ -342,6 +342,24 @@ TEST_F(MdiLayoutTest, HiddenAndMinimisedWindowsStayOutOfTheTiling)
     EXPECT_EQ(filled, clientWidth);
 }
 
+// A window shown while the columns are in force joins them at the head with
+// the size it has, and the others fill what is left.
+TEST_F(MdiLayoutTest, AWindowShownUnderTheTilingJoinsAtTheHead)
+{
+    const GEOMETRY geometry = Measured();
+    Open(2);
+    app->ArrangeDocWins(ARRANGE_COLUMNS);
+    std::vector<vDOCWIN*> added = Open(1);
+    std::vector<vDOCWIN*> list = TileList();
+    ASSERT_EQ(list.size(), 3u);
+    EXPECT_EQ(list[0], added[0]);
+    long sum = 0;
+    for (long breadth : Breadths(list))
+        sum += breadth;
+    EXPECT_EQ(sum + 2 * geometry.frameWidth, clientWidth);
+    EXPECT_EQ(app->ActiveDocWin(), added[0]);
+}
+
 // The user widens a tiled window: it keeps the width given, the windows on
 // each side share what is left, the remainder to those nearest it; a move
 // that keeps the breadth changes nothing.
