@@ -209,7 +209,17 @@ vAPP::~vAPP()
     delete pMessage;
     while (vWIN* document = ActiveDocWin())
         DestroyWindow((*document)());
+    DestroyHiddenDocuments();
+    TileClear();
     vSYSTEM::UnregisterApp(this, regCookie);
+}
+
+// Hidden documents are never active, and would otherwise die with the
+// client after this object, reaching for it as they go.
+void vAPP::DestroyHiddenDocuments()
+{
+    while (HWND document = GetWindow(hClient, GW_CHILD))
+        DestroyWindow(document);
 }
 
 void* vAPP::operator new(size_t size) noexcept
@@ -605,50 +615,6 @@ vMESSAGE& vAPP::Message()
 void vAPP::SetHelp(vSTRING& file)
 {
     pHelp->SetHelp(instance, file);
-}
-
-vRECT vAPP::Margins() const
-{
-    return margins;
-}
-
-// The distances are kept from the frame's four sides, not as coordinates.
-void vAPP::Margins(const vRECT& distances)
-{
-    if (!hClient)
-        return;
-    margins = distances;
-    RECT frame = {};
-    GetClientRect(hFrame, &frame);
-    SetWindowPos(hClient, nullptr, margins.Left()(), margins.Top()(),
-                 frame.right - margins.Left()() - margins.Right()(),
-                 frame.bottom - margins.Top()() - margins.Bottom()(), SWP_NOZORDER | SWP_FRAMECHANGED);
-    if (vWIN* document = ActiveDocWin())
-        document->Activate();
-}
-
-void vAPP::ArrangeDocWins(vMDIARRANGE mode)
-{
-    arrange = mode;
-    if (mode == ARRANGE_CASCADE)
-        SendMessageA(hClient, WM_MDICASCADE, 0, 0);
-    else if (mode == ARRANGE_TILE)
-        SendMessageA(hClient, WM_MDITILE, 0, 0);
-}
-
-vWIN* vAPP::ActiveDocWin()
-{
-    if (!hClient)
-        return nullptr;
-    return vWIN::Instance(reinterpret_cast<HWND>(SendMessageA(hClient, WM_MDIGETACTIVE, 0, 0)));
-}
-
-unsigned short vAPP::NoDocWin()
-{
-    unsigned short count = 0;
-    for (HWND child = GetWindow(hClient, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
-        ++count;
-    return count;
 }
 
 // The bar ends in the Window menu, for a program with documents, and the

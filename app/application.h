@@ -104,6 +104,7 @@ private:
     friend struct vSTARTUP;
     friend struct vAPPACCESS;
     friend class vDIALOG;
+    friend class vDOCWIN;
     friend class vTAB;
     friend LRESULT CALLBACK MDIFrameProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     friend INT_PTR CALLBACK DlgProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
@@ -132,6 +133,25 @@ private:
     int DoActivateApp(WPARAM active);
     int DoCommand(WPARAM id);
     int BuildOwnMenu();
+
+    void DestroyHiddenDocuments();
+
+    int IsTilingMode() const;
+    vINT Across(vDOCWIN& window) const;
+    void TileAppend(vDOCWIN* window);
+    void TileInsertHead(vDOCWIN* window);
+    void TileRemove(vDOCWIN* window);
+    void TileClear();
+    int IsTiled(const vDOCWIN* window) const;
+    void SizeActiveMDIWindow(vDOCWIN* window);
+    void RemoveMDITileWindow(vDOCWIN* window);
+    void SizeMDIWindows();
+    void TileMDIWindows();
+    void PositionMDIWindows();
+    void DistMDIBreadth(vINT amount);
+    vINT CalcClientBreadth();
+    void ShareAround(vDOCWIN* window, const vRECT& r, int isNew);
+    static vINT Share(vINT& space, vINT& count);
 
     int PaletteChange(HWND window, int foreground);
     static void PostPaletteChange(int foreground);

@@ -101,6 +101,46 @@ short vMENU::Position(const vSTRING& label) const
     return -1;
 }
 
+vCTRLID vMENU::ItemID(const vSTRING& label) const
+{
+    return vCTRLID(static_cast<unsigned short>(GetMenuItemID(hMenu, Position(label))));
+}
+
+vSTRING vMENU::Label(const vCTRLID& id) const
+{
+    return Label(Position(id));
+}
+
+unsigned int vMENU::MenuState(short pos)
+{
+    return GetMenuState(hMenu, pos, MF_BYPOSITION) & 15;
+}
+
+int vMENU::EnableItem(short pos)
+{
+    return EnableMenuItem(hMenu, pos, MF_BYPOSITION | MF_ENABLED);
+}
+
+int vMENU::DisableItem(short pos)
+{
+    return EnableMenuItem(hMenu, pos, MF_BYPOSITION | MF_GRAYED);
+}
+
+int vMENU::DeactivateItem(short pos)
+{
+    return EnableMenuItem(hMenu, pos, MF_BYPOSITION | MF_DISABLED);
+}
+
+int vMENU::CheckItem(short pos)
+{
+    return CheckMenuItem(hMenu, pos, MF_BYPOSITION | MF_CHECKED) == MF_UNCHECKED;
+}
+
+int vMENU::UnCheckItem(short pos)
+{
+    return CheckMenuItem(hMenu, pos, MF_BYPOSITION | MF_UNCHECKED) == MF_CHECKED;
+}
+
 int vMENU::Insert(short pos, vMENU& sub, const vSTRING& label)
 {
     sub.hParentMenu = hMenu;
@@ -138,7 +178,33 @@ int vMENU::Append()
     return Insert(static_cast<short>(NoItem()));
 }
 
+int vMENU::Modify(short pos, vMENU& sub, const vSTRING& label)
+{
+    sub.hParentMenu = hMenu;
+    return ModifyMenuA(hMenu, pos, MF_BYPOSITION | MF_POPUP, reinterpret_cast<UINT_PTR>(sub.hMenu), label());
+}
+
+int vMENU::Modify(short pos, vCTRLID id, const vSTRING& label)
+{
+    return ModifyMenuA(hMenu, pos, MF_BYPOSITION, static_cast<unsigned short>(id), label());
+}
+
 int vMENU::Remove(short pos)
 {
     return RemoveMenu(hMenu, pos, MF_BYPOSITION);
+}
+
+int vMENU::Insert(short, const vBITMAP&)
+{
+    return 0;
+}
+
+int vMENU::Append(const vCTRLID&, const vBITMAP&)
+{
+    return 0;
+}
+
+int vMENU::Modify(unsigned short, const vBITMAP&)
+{
+    return 0;
 }

@@ -1,9 +1,11 @@
-// Hello: the example program. A frame holds one canvas that draws shapes,
-// fills and text; a click moves the marker, the arrow keys nudge it and a
-// letter key becomes the caption. Its Details button opens a standard dialog
-// whose values land in the program's data and show on the canvas. Started
-// with --screenshot FILE it fills in the dialog, saves a picture of it and
-// one of the frame as PNGs, and closes itself.
+// Hello: the example program. A frame of documents: File > New opens a
+// sketch that draws shapes, fills and text, where a click moves the marker,
+// the arrow keys nudge it and a letter key becomes the caption. The Window
+// menu cascades, tiles and arranges the sketches in rows or columns, Help >
+// About shows a message box, and File > Details... opens a standard dialog
+// whose values land in the program's data and show on every sketch. Started
+// with --screenshot FILE it opens three sketches in columns, saves a picture
+// of the frame and one of the filled-in dialog as PNGs, and closes itself.
 #include <zkshell.h>
 
 #include <cstddef>
@@ -53,6 +55,8 @@ struct DETAILS_DATA {
 
 const unsigned short DETAILS_TEMPLATE = 100;
 const unsigned short CMD_DETAILS = 200;
+// The Window menu's "Arrange in columns".
+const unsigned short MENU_COLUMNS = 30006;
 
 }  // namespace
 
@@ -134,26 +138,15 @@ public:
 
 DETAILS* DETAILS::open = nullptr;
 
-// The drawing: everything is drawn afresh from the marker and the caption.
-class CANVAS : public vWIN {
+// A document: a drawing of its own, drawn afresh from the marker and the
+// caption, with the program's details under it.
+class SKETCH : public vDOCWIN {
 public:
-    explicit CANVAS(const vAPP& app)
-        : vWIN(app, Box(0, 0, 640, 420)), marker(At(470, 300)), caption(vSTRING("Hello from ZKSHELL")),
-          details{"Nobody yet", "Press Details to say who you are"}
+    SKETCH(const vAPP& app, const vSTRING& title, const DETAILS_DATA& details, int number)
+        : vDOCWIN(app, Box(0, 0, 640, 420), title, WF_SIZING, CF_MAXBOX | CF_MINBOX | CF_SYSMENU),
+          marker(At(80 + 60 * (number % 4), 210)), caption(vSTRING("Hello, sketch %d", number)),
+          details(details)
     {
-        vBUTTON* button = new vBUTTON(*this, vCTRLID(CMD_DETAILS), vSTRING("&Details..."), Box(500, 372, 620, 400));
-        button->Show();
-    }
-
-    int vCommand(const vCTRLID& id) override
-    {
-        if (id != vCTRLID(CMD_DETAILS))
-            return 0;
-        DETAILS::open = new DETAILS(*this, details);
-        DETAILS::open->Modal();
-        DETAILS::open = nullptr;
-        Invalidate();
-        return 1;
     }
 
     int vDraw(const vRECT&) override
@@ -193,74 +186,120 @@ private:
         DrawRect(area);
         FillSpec(Fill(vFILL_SOLID, sun));
         LineSpec(Line(brick, 3));
-        DrawEllipse(Box(40, 30, 130, 120));
+        DrawEllipse(Box(20, 20, 80, 80));
         FillSpec(Fill(vFILL_SOLID, grass));
         LineSpec(Line(grass, 1));
-        DrawRect(Box(0, 300, area.Right()(), area.Bottom()()));
+        DrawRect(Box(0, 230, area.Right()(), area.Bottom()()));
         FillSpec(Fill(vFILL_HATCH_DIAGCROSS, brick));
         LineSpec(Line(ink, 2));
-        DrawRect(Box(200, 170, 360, 300));
+        DrawRect(Box(100, 130, 200, 230));
         FillSpec(Fill(vFILL_SOLID, paper));
-        DrawRoundRect(Box(250, 230, 300, 300), vSIZE(vINT(10), vINT(10)));
+        DrawRoundRect(Box(135, 180, 165, 230), vSIZE(vINT(10), vINT(10)));
         LineSpec(Line(ink, 1, vDASH_DASH));
-        DrawLine(At(20, 330), At(620, 330));
+        DrawLine(At(10, 250), At(area.Right()() - 10, 250));
     }
 
     void DrawMarker()
     {
         LineSpec(Line(ink, 2));
         FillSpec(Fill(vFILL_HATCH_CROSS, sun));
-        DrawEllipse(Box(marker.x() - 25, marker.y() - 25, marker.x() + 25, marker.y() + 25));
+        DrawEllipse(Box(marker.x() - 20, marker.y() - 20, marker.x() + 20, marker.y() + 20));
     }
 
     void DrawCaption()
     {
         Transparency(1);
-        FontSpec(Typeface("Arial", vFONT_BOLD, 20));
+        FontSpec(Typeface("Arial", vFONT_BOLD, 12));
         LineSpec(Line(ink, 1));
-        DrawTextA(caption, Box(150, 40, 620, 90), vTEXT_CENTRE);
-        FontSpec(Typeface("Arial", vFONT_ITALIC, 10));
-        DrawTextA(vSTRING("Click to move the marker, arrows to nudge it, a letter to change the greeting"),
-                  Box(150, 90, 620, 120), vTEXT_CENTRE);
-        FontSpec(Typeface("Arial", vFONT_BOLD, 11));
-        DrawTextA(vSTRING("%s", details.name), Box(20, 345, 480, 370), vTEXT_LEFT);
-        FontSpec(Typeface("Arial", vFONT_ITALIC, 10));
-        DrawTextA(vSTRING("\"%s\"", details.motto), Box(20, 370, 480, 395), vTEXT_LEFT);
+        DrawTextA(caption, Box(90, 30, 290, 60), vTEXT_LEFT);
+        FontSpec(Typeface("Arial", vFONT_BOLD, 10));
+        DrawTextA(vSTRING("%s", details.name), Box(10, 260, 290, 280), vTEXT_LEFT);
+        FontSpec(Typeface("Arial", vFONT_ITALIC, 9));
+        DrawTextA(vSTRING("\"%s\"", details.motto), Box(10, 280, 290, 300), vTEXT_LEFT);
     }
 
     vPOINT marker;
     vSTRING caption;
-    DETAILS_DATA details;
+    const DETAILS_DATA& details;
 };
 
-// The application: a frame without documents whose canvas fills it.
+namespace {
+
+const unsigned short CMD_NEW = 201;
+const unsigned short CMD_EXIT = 202;
+const unsigned short CMD_ABOUT = 203;
+
+}  // namespace
+
+// The application: a frame of documents with File, Window and Help menus.
+// The details that the dialog fills in are the program's, and every
+// document shows them.
 class HELLO : public vAPP {
 public:
-    HELLO() : vAPP(vSTRING("HelloFrame"), vSTRING("Hello"), 0), canvas(nullptr) {}
+    HELLO()
+        : vAPP(vSTRING("HelloFrame"), vSTRING("Hello"), 1), opened(0),
+          details{"Nobody yet", "Who? See File > Details"}
+    {
+    }
 
     int vQueryClose() override { return 1; }
 
-    int vSize(const vRECT&) override
+    int vNewWindow() override
     {
-        if (canvas)
-            canvas->Size(ClientSize());
+        vSTRING title("Sketch %d", ++opened);
+        SKETCH* sketch = new SKETCH(*this, title, details, opened);
+        sketch->Show();
         return 1;
+    }
+
+    int vCommand(const vCTRLID& id) override
+    {
+        switch (static_cast<unsigned short>(id)) {
+        case CMD_NEW:
+            return vNewWindow();
+        case CMD_DETAILS:
+            return AskDetails();
+        case CMD_EXIT:
+            Close();
+            return 1;
+        case CMD_ABOUT:
+            Message().Info(vSTRING("Hello: a small document program built on ZKSHELL."), vSTRING("About Hello"));
+            return 1;
+        }
+        return 0;
     }
 
     void Build()
     {
-        canvas = new CANVAS(*this);
-        // Above the frame's document client, which a program without
-        // documents leaves empty.
-        SetWindowPos((*canvas)(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
-        Size(Box(40, 40, 700, 520));
-        canvas->Show();
+        file.Append(vCTRLID(CMD_NEW), vSTRING("&New"));
+        file.Append(vCTRLID(CMD_DETAILS), vSTRING("&Details..."));
+        file.Append();
+        file.Append(vCTRLID(CMD_EXIT), vSTRING("E&xit"));
+        Help().Append(vCTRLID(CMD_ABOUT), vSTRING("&About Hello..."));
+        vMENU* bar = Menu();
+        bar->Append(file, vSTRING("&File"));
+        SetMenuBar(*bar);
+        Size(Box(40, 40, 940, 600));
     }
 
-    HWND Canvas() const { return (*canvas)(); }
-
 private:
-    CANVAS* canvas;
+    // The dialog belongs to the active document; with none open there is
+    // nothing to show the details on.
+    int AskDetails()
+    {
+        vWIN* owner = ActiveDocWin();
+        if (!owner)
+            return 0;
+        DETAILS::open = new DETAILS(*owner, details);
+        DETAILS::open->Modal();
+        DETAILS::open = nullptr;
+        RedrawWindow(vSYSTEM::GetFrameWindow(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+        return 1;
+    }
+
+    vMENU file;
+    int opened;
+    DETAILS_DATA details;
 };
 
 namespace {
@@ -316,14 +355,19 @@ void CALLBACK FillInDetails(HWND, UINT, UINT_PTR timer, DWORD)
     SendMessageA(GetDlgItem(dialog, IDOK), BM_CLICK, 0, 0);
 }
 
+// Opens documents and lays them out in columns through the menu's own
+// commands, keeps a picture of the frame, then fills in the details.
 void CALLBACK TakeScreenshot(HWND, UINT, UINT_PTR timer, DWORD)
 {
     KillTimer(nullptr, timer);
-    SetTimer(nullptr, 0, 500, FillInDetails);
-    SendMessageA(GetDlgItem(hello->Canvas(), CMD_DETAILS), BM_CLICK, 0, 0);
     HWND frame = vSYSTEM::GetFrameWindow();
-    RedrawWindow(frame, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+    for (int n = 0; n < 3; ++n)
+        SendMessageA(frame, WM_COMMAND, CMD_NEW, 0);
+    SendMessageA(frame, WM_COMMAND, MENU_COLUMNS, 0);
+    RedrawWindow(frame, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN | RDW_FRAME);
     SaveFrame(frame, screenshot.c_str());
+    SetTimer(nullptr, 0, 500, FillInDetails);
+    SendMessageA(frame, WM_COMMAND, CMD_DETAILS, 0);
     hello->Close();
 }
 
@@ -342,6 +386,7 @@ vAPP* vMain()
     hello = new HELLO;
     hello->Build();
     hello->Show();
+    hello->vNewWindow();
     screenshot = ScreenshotPath(hello->GetSetCommand(vSTRING()));
     if (!screenshot.empty())
         SetTimer(nullptr, 0, 700, TakeScreenshot);

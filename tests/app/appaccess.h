@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "app/application.h"
+#include "app/docwin.h"
 
 // The test suite's view of the application's private state and of the
 // operations that only the start-up, the windows and the menus call.
@@ -20,6 +21,12 @@ struct vAPPACCESS {
     static int PaletteChange(vAPP& app, int foreground) { return app.PaletteChange(app.hFrame, foreground); }
     static void PostPaletteChange(int foreground) { vAPP::PostPaletteChange(foreground); }
 
+    static vDOCWIN* TileHead(const vAPP& app) { return app.pTileHead; }
+    static vDOCWIN* TileTail(const vAPP& app) { return app.pTileTail; }
+    static unsigned short TileCount(const vAPP& app) { return app.nTile; }
+    static void FillWindowMenu(vAPP& app) { app.FillWindowMenu(); }
+    static void DistMDIBreadth(vAPP& app, long amount) { app.DistMDIBreadth(vINT(amount)); }
+
     static HMENU Handle(const vMENU& menu) { return menu.hMenu; }
     static HMENU Parent(const vMENU& menu) { return menu.hParentMenu; }
     static short Fixed(const vMENU& menu) { return menu.nFixed; }
@@ -27,6 +34,14 @@ struct vAPPACCESS {
 
     static HWND HelpWindow(const vHELP& help) { return help.hHelpWnd; }
     static void SetHelp(vHELP& help, HINSTANCE instance, vSTRING& file) { help.SetHelp(instance, file); }
+};
+
+// The tiling fields of a document window.
+struct vDOCWINACCESS {
+    static vDOCWIN* Next(const vDOCWIN& window) { return window.pNextTile; }
+    static vDOCWIN* Prev(const vDOCWIN& window) { return window.pPrevTile; }
+    static long Breadth(const vDOCWIN& window) { return window.breadth(); }
+    static void Breadth(vDOCWIN& window, long value) { window.breadth = vINT(value); }
 };
 
 namespace apptest {

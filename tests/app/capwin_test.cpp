@@ -19,14 +19,7 @@ public:
     }
 };
 
-class TraceLevel {
-public:
-    explicit TraceLevel(unsigned short level) : saved(vSYSTEM::GetTraceLevel()) { vSYSTEM::SetTraceLevel(level); }
-    ~TraceLevel() { vSYSTEM::SetTraceLevel(saved); }
-
-private:
-    unsigned short saved;
-};
+using wintest::TraceLevel;
 
 class CapWinTest : public wintest::WindowTest {
 protected:

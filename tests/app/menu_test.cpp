@@ -2,6 +2,7 @@
 #include <vector>
 
 #include "app/appaccess.h"
+#include "graphics/bitmap.h"
 #include "support/zktest.h"
 
 namespace {
@@ -187,6 +188,53 @@ TEST_F(MenuBarTest, MenuSelectionHandsTheHandlerAViewThatDoesNotOwnTheMenu)
     SendMessageA(frame, WM_MENUSELECT, MAKEWPARAM(3, 0), reinterpret_cast<LPARAM>(popup));
     EXPECT_TRUE(IsMenu(popup));
     DestroyMenu(popup);
+}
+
+}  // namespace
+
+namespace {
+
+// The states an item goes through, and what each change reports.
+TEST_F(MenuTest, ItemStatesReportWhatChanged)
+{
+    vMENU menu;
+    menu.Append(vCTRLID(7), vSTRING("Seven"));
+    EXPECT_EQ(menu.CheckItem(0), 1);
+    EXPECT_EQ(menu.CheckItem(0), 0);
+    EXPECT_EQ(menu.MenuState(0), static_cast<unsigned>(MF_CHECKED));
+    EXPECT_EQ(menu.UnCheckItem(0), 1);
+    EXPECT_EQ(menu.UnCheckItem(0), 0);
+    EXPECT_EQ(menu.DisableItem(0), static_cast<int>(MF_ENABLED));
+    EXPECT_EQ(menu.MenuState(0), static_cast<unsigned>(MF_GRAYED));
+    EXPECT_EQ(menu.DeactivateItem(0), static_cast<int>(MF_GRAYED));
+    EXPECT_EQ(menu.MenuState(0), static_cast<unsigned>(MF_DISABLED));
+    menu.EnableItem(0);
+    EXPECT_EQ(menu.MenuState(0), static_cast<unsigned>(MF_ENABLED));
+}
+
+// Labels and identifiers lead to one another; replacing an item keeps its
+// place; bitmap items are refused and change nothing.
+TEST_F(MenuTest, ModifyingAndLookingUpItems)
+{
+    vMENU menu;
+    vMENU sub;
+    menu.Append(vCTRLID(1), vSTRING("One"));
+    menu.Append(vCTRLID(2), vSTRING("Two"));
+    EXPECT_EQ(menu.ItemID(vSTRING("Two")), vCTRLID(2));
+    EXPECT_EQ(menu.Label(vCTRLID(1)), vSTRING("One"));
+    EXPECT_TRUE(menu.Label(vCTRLID(3)).Null());
+
+    menu.Modify(0, vCTRLID(4), vSTRING("Four"));
+    menu.Modify(1, sub, vSTRING("Sub"));
+    EXPECT_EQ(apptest::Items(vAPPACCESS::Handle(menu)), (LIST{"4 Four", "popup:Sub"}));
+    EXPECT_EQ(vAPPACCESS::Parent(sub), vAPPACCESS::Handle(menu));
+
+    vBITMAP picture(vRESID(32000, vSYSTEM::Pointer()));
+    EXPECT_EQ(menu.Insert(0, picture), 0);
+    EXPECT_EQ(menu.Append(vCTRLID(5), picture), 0);
+    EXPECT_EQ(menu.Modify(static_cast<unsigned short>(0), picture), 0);
+    EXPECT_EQ(apptest::Items(vAPPACCESS::Handle(menu)), (LIST{"4 Four", "popup:Sub"}));
+    menu.Remove(1);
 }
 
 }  // namespace

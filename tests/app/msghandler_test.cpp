@@ -29,14 +29,7 @@ std::string DefaultLine(const std::string& name, UINT message)
     return name + " default " + std::to_string(message);
 }
 
-class TraceLevel {
-public:
-    explicit TraceLevel(unsigned short level) : saved(vSYSTEM::GetTraceLevel()) { vSYSTEM::SetTraceLevel(level); }
-    ~TraceLevel() { vSYSTEM::SetTraceLevel(saved); }
-
-private:
-    unsigned short saved;
-};
+using wintest::TraceLevel;
 
 // What the message loop of the application does for keys before it
 // dispatches them: the keyboard state follows every key message.

@@ -22,6 +22,16 @@ inline std::vector<std::string>& Log()
     return lines;
 }
 
+// Raises the trace level for a scope, so that lifetime traces are written.
+class TraceLevel {
+public:
+    explicit TraceLevel(unsigned short level) : saved(vSYSTEM::GetTraceLevel()) { vSYSTEM::SetTraceLevel(level); }
+    ~TraceLevel() { vSYSTEM::SetTraceLevel(saved); }
+
+private:
+    unsigned short saved;
+};
+
 inline void Note(const std::string& line)
 {
     Log().push_back(line);

@@ -41,14 +41,7 @@ void Order(std::initializer_list<RECORDER*> windows)
         SetWindowPos((*window)(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
-class TraceLevel {
-public:
-    explicit TraceLevel(unsigned short level) : saved(vSYSTEM::GetTraceLevel()) { vSYSTEM::SetTraceLevel(level); }
-    ~TraceLevel() { vSYSTEM::SetTraceLevel(saved); }
-
-private:
-    unsigned short saved;
-};
+using wintest::TraceLevel;
 
 }  // namespace
 
