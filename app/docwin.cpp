@@ -42,6 +42,13 @@ vDOCWIN::~vDOCWIN()
     Hide();
 }
 
+// Marks the document as newed, as every window's allocation does; the pair
+// belongs together with the deallocation below.
+void* vDOCWIN::operator new(size_t size)
+{
+    return vWIN::operator new(size);
+}
+
 // Read after the destructors, as the window's own: the client destroys the
 // document, never the platform's DestroyWindow.
 __attribute__((noinline)) void vDOCWIN::operator delete(void* block)

@@ -14,6 +14,7 @@ public:
     ~vDOCWIN() override;
 
     // As the window's, except that the client destroys the window.
+    static void* operator new(size_t size);
     static void operator delete(void* block);
 
     void Activate() override;

@@ -356,7 +356,8 @@ void CALLBACK FillInDetails(HWND, UINT, UINT_PTR timer, DWORD)
 }
 
 // Opens documents and lays them out in columns through the menu's own
-// commands, keeps a picture of the frame, then fills in the details.
+// commands, fills in the details, and keeps a picture of the frame with the
+// details on every document.
 void CALLBACK TakeScreenshot(HWND, UINT, UINT_PTR timer, DWORD)
 {
     KillTimer(nullptr, timer);
@@ -364,10 +365,10 @@ void CALLBACK TakeScreenshot(HWND, UINT, UINT_PTR timer, DWORD)
     for (int n = 0; n < 3; ++n)
         SendMessageA(frame, WM_COMMAND, CMD_NEW, 0);
     SendMessageA(frame, WM_COMMAND, MENU_COLUMNS, 0);
-    RedrawWindow(frame, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN | RDW_FRAME);
-    SaveFrame(frame, screenshot.c_str());
     SetTimer(nullptr, 0, 500, FillInDetails);
     SendMessageA(frame, WM_COMMAND, CMD_DETAILS, 0);
+    RedrawWindow(frame, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN | RDW_FRAME);
+    SaveFrame(frame, screenshot.c_str());
     hello->Close();
 }
 

@@ -154,8 +154,9 @@ TEST_F(DocWinTest, ATiledWindowHoldsItsPlaceAgainstTheMouse)
         vWIN::fBorderDrag = 1;
         LRESULT answer = SendMessageA((*document)(), given.message, given.hit, 0);
         EXPECT_EQ(vWIN::fBorderDrag, given.swallowed ? 1 : 0);
-        if (given.swallowed)
+        if (given.swallowed) {
             EXPECT_EQ(answer, 0);
+        }
     }
     vWIN::fBorderDrag = 0;
     app->ArrangeDocWins(ARRANGE_CASCADE);

@@ -303,8 +303,9 @@ TEST_F(MdiLayoutTest, CascadeAndTileAreThePlatformsAndEmptyTheList)
             RECT first, second, overlap;
             GetWindowRect((*a)(), &first);
             GetWindowRect((*b)(), &second);
-            if (a != b)
+            if (a != b) {
                 EXPECT_FALSE(IntersectRect(&overlap, &first, &second));
+            }
         }
 }
 
