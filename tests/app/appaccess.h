@@ -5,6 +5,7 @@
 
 #include "app/application.h"
 #include "app/docwin.h"
+#include "app/recorder.h"
 
 // The test suite's view of the application's private state and of the
 // operations that only the start-up, the windows and the menus call.
@@ -20,6 +21,8 @@ struct vAPPACCESS {
     static unsigned short KnownLanguage(unsigned short value) { return vAPP::KnownLanguage(value); }
     static int PaletteChange(vAPP& app, int foreground) { return app.PaletteChange(app.hFrame, foreground); }
     static void PostPaletteChange(int foreground) { vAPP::PostPaletteChange(foreground); }
+    static HWND ActiveDialog() { return vAPP::ActiveDialog(); }
+    static void ActiveDialog(HWND dialog) { vAPP::ActiveDialog(dialog); }
 
     static vDOCWIN* TileHead(const vAPP& app) { return app.pTileHead; }
     static vDOCWIN* TileTail(const vAPP& app) { return app.pTileTail; }
@@ -85,5 +88,26 @@ inline std::vector<std::string> Items(HMENU menu)
     }
     return items;
 }
+
+// A window test with an application of its own, made after the count of
+// live blocks is taken and ended before it is compared.
+class FrameTest : public wintest::WindowTest {
+protected:
+    void SetUp() override
+    {
+        WindowTest::SetUp();
+        app = new vAPP(vSTRING("ZkTestFrame"), vSTRING("frame"), 0);
+        frame = vAPPACCESS::Frame(*app);
+    }
+
+    void TearDown() override
+    {
+        End(frame);
+        WindowTest::TearDown();
+    }
+
+    vAPP* app = nullptr;
+    HWND frame = nullptr;
+};
 
 }  // namespace apptest

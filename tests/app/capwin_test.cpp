@@ -21,24 +21,7 @@ public:
 
 using wintest::TraceLevel;
 
-class CapWinTest : public wintest::WindowTest {
-protected:
-    void SetUp() override
-    {
-        WindowTest::SetUp();
-        app = new vAPP(vSTRING("ZkCapWinTestFrame"), vSTRING("frame"), 0);
-        frame = vAPPACCESS::Frame(*app);
-    }
-
-    void TearDown() override
-    {
-        apptest::End(frame);
-        WindowTest::TearDown();
-    }
-
-    vAPP* app = nullptr;
-    HWND frame = nullptr;
-};
+class CapWinTest : public apptest::FrameTest {};
 
 enum FORM { OWNED, UNDER_FRAME, DERIVED_UNDER_FRAME };
 

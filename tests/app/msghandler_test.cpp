@@ -571,24 +571,7 @@ TEST_F(MouseTest, MovesDuringADragAskForTheDropWindow)
 
 // Windows of an application.
 
-class ApplicationWindowTest : public wintest::WindowTest {
-protected:
-    void SetUp() override
-    {
-        WindowTest::SetUp();
-        app = new vAPP(vSTRING("ZkWindowTestFrame"), vSTRING("frame"), 0);
-        frame = vAPPACCESS::Frame(*app);
-    }
-
-    void TearDown() override
-    {
-        apptest::End(frame);
-        WindowTest::TearDown();
-    }
-
-    vAPP* app = nullptr;
-    HWND frame = nullptr;
-};
+class ApplicationWindowTest : public apptest::FrameTest {};
 
 TEST_F(ApplicationWindowTest, ATopLevelWindowStandsUnderTheFrame)
 {

@@ -358,7 +358,7 @@ TEST_F(DialogTest, TheApplicationLoopOffersEachMessageToTheActiveDialogFirst)
         Log().clear();
         PostMessageA((*target)(), WM_USER + 1, 0, 0);
         PostThreadMessageA(GetCurrentThreadId(), WM_QUIT, 0, 0);
-        vAPPACCESS::Run(*app);
+        vAPPACCESS::Run(*app, (*app)(), nullptr);
         EXPECT_EQ(Log(), row.calls) << row.what;
     }
     dialog->recordOffers = false;

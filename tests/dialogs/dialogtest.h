@@ -7,17 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "app/application.h"
-#include "app/recorder.h"
+#include "app/appaccess.h"
 #include "dialogs/dialog.h"
-
-// The dialog tests' view of the application's private state.
-struct vAPPACCESS {
-    static HWND Frame(const vAPP& app) { return app.hFrame; }
-    static HWND ActiveDialog() { return vAPP::ActiveDialog(); }
-    static void ActiveDialog(HWND dialog) { vAPP::ActiveDialog(dialog); }
-    static short Run(vAPP& app) { return app.Run(app(), nullptr); }
-};
 
 namespace dlgtest {
 
@@ -171,30 +162,17 @@ inline vRECT RectOf(const RECT& box)
     return vRECT(box.left, box.top, box.right, box.bottom);
 }
 
-// Every application test starts with an application of its own, made after
-// the count of live blocks is taken and ended before it is compared.
-class AppTest : public wintest::WindowTest {
+// Every dialog test has an application of its own.
+class AppTest : public apptest::FrameTest {
 protected:
-    void SetUp() override
-    {
-        WindowTest::SetUp();
-        app = new vAPP(vSTRING("ZkDialogTestFrame"), vSTRING("frame"), 0);
-        frame = vAPPACCESS::Frame(*app);
-    }
-
+    // A test that fails half-way may leave a dialog active or the frame
+    // disabled; neither may reach the next test.
     void TearDown() override
     {
         vAPPACCESS::ActiveDialog(nullptr);
         EnableWindow(frame, TRUE);
-        DestroyWindow(frame);
-        MSG msg;
-        while (PeekMessageA(&msg, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE)) {
-        }
-        WindowTest::TearDown();
+        FrameTest::TearDown();
     }
-
-    vAPP* app = nullptr;
-    HWND frame = nullptr;
 };
 
 // Ends a loop that waits too long: a close posted to the thread ends any
