@@ -21,15 +21,19 @@ public:
     int vTimer(const vRESID&) override { return ++handled; }
 };
 
-// The same work written as a plain window procedure; the family message,
-// which the library's window leaves alone, goes on to the default.
+// The same work written as a plain window procedure. A command and a timer
+// go on to the default processing after the count, as the library's window
+// passes them on whatever its handler answered; the family message, which
+// the library's window leaves alone, goes on to the default as well.
 LRESULT CALLBACK RawProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
-    case WM_COMMAND:
     case WM_MOUSEMOVE:
-    case WM_TIMER:
         return ++handled;
+    case WM_COMMAND:
+    case WM_TIMER:
+        ++handled;
+        return DefWindowProcA(window, message, wParam, lParam);
     default:
         return DefWindowProcA(window, message, wParam, lParam);
     }

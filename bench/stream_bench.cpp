@@ -190,9 +190,9 @@ void FilePrimitives(const std::string& path)
         for (unsigned long n = 0; n < FileLongs; ++n)
             file.WriteULong(n);
     }, FileLongs);
-    zkbench::Record("stream.file.ulong.write", "WriteFile each 4 bytes", writes,
+    zkbench::Record("stream.file.ulong.write.each", "WriteFile each 4 bytes", writes,
                     TimePlain(path, CREATE_ALWAYS, FileLongs, [&](HANDLE file) { WritePieces(file, bytes, size, 4); }));
-    zkbench::Record("stream.file.ulong.write", "WriteFile all at once", writes,
+    zkbench::Record("stream.file.ulong.write.whole", "WriteFile all at once", writes,
                     TimePlain(path, CREATE_ALWAYS, FileLongs, [&](HANDLE file) { WritePieces(file, bytes, size, size); }));
 
     zkbench::Measure reads = zkbench::Time([&] {
@@ -202,9 +202,9 @@ void FilePrimitives(const std::string& path)
             sum += file.ReadULong();
         zkbench::Keep(sum);
     }, FileLongs);
-    zkbench::Record("stream.file.ulong.read", "ReadFile each 4 bytes", reads,
+    zkbench::Record("stream.file.ulong.read.each", "ReadFile each 4 bytes", reads,
                     TimePlain(path, OPEN_EXISTING, FileLongs, [&](HANDLE file) { ReadPieces(file, bytes, size, 4); }));
-    zkbench::Record("stream.file.ulong.read", "ReadFile all at once", reads,
+    zkbench::Record("stream.file.ulong.read.whole", "ReadFile all at once", reads,
                     TimePlain(path, OPEN_EXISTING, FileLongs, [&](HANDLE file) { ReadPieces(file, bytes, size, size); }));
 }
 
