@@ -1,5 +1,7 @@
 #include "app/menu.h"
 
+#include <climits>
+
 #include "base/system.h"
 
 namespace {
@@ -85,19 +87,22 @@ vCTRLID vMENU::ItemID(short pos) const
     return vCTRLID(static_cast<unsigned short>(GetMenuItemID(hMenu, pos)));
 }
 
+// The walk stops at the last position there can be: the count may exceed it
+// (a view of no menu, or fewer items than fixed ones), and a position
+// counter would then wrap and never end.
 short vMENU::Position(const vCTRLID& id) const
 {
-    for (short pos = 0; pos < NoItem(); ++pos)
-        if (ItemID(pos) == id)
-            return pos;
+    for (int pos = 0; pos < NoItem() && pos <= SHRT_MAX; ++pos)
+        if (ItemID(static_cast<short>(pos)) == id)
+            return static_cast<short>(pos);
     return -1;
 }
 
 short vMENU::Position(const vSTRING& label) const
 {
-    for (short pos = 0; pos < NoItem(); ++pos)
-        if (Label(pos) == label)
-            return pos;
+    for (int pos = 0; pos < NoItem() && pos <= SHRT_MAX; ++pos)
+        if (Label(static_cast<short>(pos)) == label)
+            return static_cast<short>(pos);
     return -1;
 }
 

@@ -117,7 +117,9 @@ void vCONTROL::Adopt(const vWIN& parent, const vCTRLID& controlId)
         }
     }
     hWnd = item;
-    RECT box;
+    // Zeroed first: an identifier that the template lacks leaves no item to
+    // measure, and the control is then made at no size.
+    RECT box = {0, 0, 0, 0};
     GetWindowRect(item, &box);
     ::ScreenToClient(parent.hWnd, reinterpret_cast<POINT*>(&box.left));
     ::ScreenToClient(parent.hWnd, reinterpret_cast<POINT*>(&box.right));
@@ -301,7 +303,8 @@ unsigned short vCONTROL::DrawLabel(const vRECT& rect, vTEXTALIGN align, int grey
 {
     static const UINT Formats[] = {DT_VCENTER | DT_SINGLELINE, DT_VCENTER | DT_SINGLELINE | DT_RIGHT,
                                    DT_VCENTER | DT_SINGLELINE | DT_CENTER};
-    vSTRING label = Text();
+    // The kept text, not what a derived class reads back from its window.
+    vSTRING label = vCONTROL::Text();
     ActivateFont();
     HDC dc = GetZKDC();
     SIZE extent = {0, 0};

@@ -374,7 +374,7 @@ void vDIALOG::UpdateView()
 {
     EachChild([this](vWIN& child) {
         child.UpdateView(vCTRLID(0));
-        if (firstFocus && child.GetID() == firstFocus)
+        if (child.GetID() == firstFocus)
             child.GetFocus();
     });
     Show(1);

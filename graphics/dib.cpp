@@ -397,7 +397,7 @@ void oDIB::Refuse(vSTREAM& stream)
 int oDIB::SetImageBlock(unsigned char* data, oCOLOUR_MODEL model, unsigned long x, unsigned long y,
                         unsigned long width, unsigned long height)
 {
-    unsigned char* line = BlockLine(x, y, width, height, model);
+    unsigned char* line = data ? BlockLine(x, y, width, height, model) : nullptr;
     unsigned short depth = DepthFor(model);
     unsigned long blockBytes = oDIBHEADER::LineBytes(width, depth);
     int done = line != nullptr;
@@ -414,7 +414,7 @@ int oDIB::GetImageBlock(unsigned long x, unsigned long y, unsigned long width, u
                         unsigned char* data, oCOLOUR_MODEL* model) const
 {
     oCOLOUR_MODEL asked = ModelAsked(model);
-    unsigned char* line = BlockLine(x, y, width, height, asked);
+    unsigned char* line = data ? BlockLine(x, y, width, height, asked) : nullptr;
     unsigned short depth = DepthFor(asked);
     unsigned long blockBytes = oDIBHEADER::LineBytes(width, depth);
     int done = line != nullptr;

@@ -8,7 +8,7 @@
 oDIBPALETTE::oDIBPALETTE(PALETTEENTRY* entries, unsigned short count)
     : rgbQuads(nullptr), holders(0)
 {
-    Take(nullptr, count);
+    Take(nullptr, entries ? count : 0);
     for (unsigned short i = 0; i < GetNumColours(); ++i)
         rgbQuads[i] = RGBQUAD{entries[i].peBlue, entries[i].peGreen, entries[i].peRed, 0};
 }

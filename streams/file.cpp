@@ -242,6 +242,8 @@ vOBJECT* vFILE::ReadPointer()
 
 long vFILE::ReadByteString(unsigned char* data, unsigned long size)
 {
+    if (!data)
+        return 0;
     long got = Read(data, size);
     return got < 0 ? 0 : got;
 }

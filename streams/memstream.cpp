@@ -142,6 +142,8 @@ long vMEMSTREAM::ReadByteString(unsigned char* buffer, unsigned long count)
 {
     if (delegate)
         return delegate->ReadByteString(buffer, count);
+    if (!buffer)
+        return 0;
     unsigned long available = position < size ? size - position : 0;
     unsigned long taken = count < available ? count : available;
     if (taken)

@@ -86,7 +86,7 @@ vOBJECT* vOLESTREAM::ReadPointer()
 long vOLESTREAM::ReadByteString(unsigned char* buffer, unsigned long count)
 {
     ULONG got = 0;
-    if (stream && count)
+    if (stream && buffer && count)
         stream->Read(buffer, count, &got);
     position += got;
     return static_cast<long>(got);

@@ -29,6 +29,20 @@ TEST_F(MenuTest, PositionsOutsideTheCountGiveNothing)
     EXPECT_EQ(menu.Position(vSTRING("Twelve")), -1);
 }
 
+// More fixed items than items: the count wraps to beyond what a position
+// holds, and a lookup must still end with nothing found.
+TEST_F(MenuTest, ALookupEndsWhenTheCountExceedsAnyPosition)
+{
+    vMENU menu;
+    menu.Append(vCTRLID(10), vSTRING("Ten"));
+    vAPPACCESS::Fixed(menu, 3);
+    ASSERT_EQ(menu.NoItem(), 65534);
+    ASSERT_EQ(menu.Position(vCTRLID(0)), -1);
+    EXPECT_EQ(menu.Position(vCTRLID(10)), 0);
+    EXPECT_EQ(menu.Position(vCTRLID(12)), -1);
+    EXPECT_EQ(menu.Position(vSTRING("Twelve")), -1);
+}
+
 TEST_F(MenuTest, FixedItemsAtTheEndAreNotCountedAndNotPassed)
 {
     vMENU bar;

@@ -180,6 +180,7 @@ TEST_F(ControlTest, AdoptsTheTemplateItemOfItsIdentifier)
     PROBE* oneCharacter = new PROBE(parent, 102, mark, "", "STATIC");
     PROBE* button = new PROBE(parent, 103, mark, "Given", "BUTTON");
     PROBE* beside = new PROBE(parent, 104, vRECT(10, 50, 60, 70), "New", "BUTTON");
+    PROBE* missing = new PROBE(parent, 105, mark, "", "BUTTON");
 
     EXPECT_EQ(edit->Handle(), GetDlgItem(dialog, 101));
     EXPECT_STREQ(edit->Text()(), "Hello");
@@ -191,6 +192,8 @@ TEST_F(ControlTest, AdoptsTheTemplateItemOfItsIdentifier)
     EXPECT_EQ(GetParent(beside->Handle()), dialog);
     EXPECT_TRUE(*beside->Bound() == vRECT(10, 50, 60, 70));
     EXPECT_EQ(Title(beside->Handle()), "&");
+    EXPECT_EQ(missing->ItemSize().Width()(), 0) << "an item the template lacks is made at no size";
+    EXPECT_EQ(missing->ItemSize().Height()(), 0);
 
     // The adopted item now reports through its object.
     EXPECT_EQ(RECORDER::Instance(GetDlgItem(dialog, 103)), button);
@@ -364,6 +367,21 @@ TEST_F(ControlTest, BorderWipesItsBandAndDrawsTheFrameOfItsType)
         EXPECT_EQ(PixelOf(parent(), 39, 55), row.inner);
         EXPECT_EQ(PixelOf(parent(), 35, 55), grey) << "the outer rings of the band";
     }
+    DestroyWindow(parent());
+}
+
+// The label is the text that the control keeps: a button's window text,
+// which its own Text() reads back, may say something else.
+TEST_F(ControlTest, DrawLabelShowsTheKeptText)
+{
+    RECORDER parent(Top(), vRECT(0, 0, 300, 200), "parent");
+    vBUTTON* button = new vBUTTON(parent, vCTRLID(7), vSTRING("%s", "A wide label"), vRECT(10, 10, 250, 40));
+    vRECT area(0, 0, 240, 30);
+    unsigned short kept = button->DrawLabel(area, vTEXT_LEFT, 0);
+    SetWindowTextA((*button)(), "i");
+    EXPECT_GT(kept, 0);
+    EXPECT_EQ(button->DrawLabel(area, vTEXT_LEFT, 0), kept);
+    DestroyWindow((*button)());
     DestroyWindow(parent());
 }
 

@@ -186,6 +186,19 @@ TEST_F(DialogTest, InitMakesAndFillsTheControlsOfTheMap)
     }
 }
 
+// A map that names no control to focus still names identifier 0, and a
+// control of that identifier takes the focus.
+TEST_F(DialogTest, AMapWithoutFocusFocusesAControlOfIdentifierZero)
+{
+    PLAIN* dialog = new PLAIN(Top(), Template(ENTRY_TEMPLATE), terminatorOnly, &data);
+    HWND window = (*dialog)();
+    FIELD* unnamed = new FIELD(*dialog, vCTRLID(0), FIELD::NAME, vRECT(1, 1, 40, 12));
+    SetFocus(GetDlgItem(window, NAME_ITEM));
+    EXPECT_EQ(dialog->Init(), 1);
+    EXPECT_EQ(GetFocus(), (*unnamed)());
+    DestroyWindow(window);
+}
+
 TEST_F(DialogTest, UpdateDataAsksEveryControlForItsValue)
 {
     PLAIN* dialog = new PLAIN(Top(), Template(ENTRY_TEMPLATE), noFocus, &data);

@@ -28,6 +28,10 @@ TEST_F(PaletteTest, PlatformEntriesBecomeQuadsInBlueGreenRedOrder)
               std::vector<int>({30, 20, 10, 0, 50, 100, 200, 0}));
     // Only indices below the count answer, and the colour is left alone past it.
     EXPECT_EQ(Listed(palette), std::vector<COLORREF>({RGB(10, 20, 30), RGB(200, 100, 50)}));
+    // With no entries to take there are no colours.
+    oDIBPALETTE none(static_cast<PALETTEENTRY*>(nullptr), 2);
+    EXPECT_EQ(none.GetNumColours(), 0);
+    EXPECT_EQ(none.GetRgbQuad(), nullptr);
 }
 
 TEST_F(PaletteTest, CopiesAndAssignmentsHaveArraysOfTheirOwn)

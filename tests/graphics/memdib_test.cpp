@@ -104,6 +104,9 @@ TEST_F(MemDibTest, BlocksAreCutFromAndPutIntoTheLines)
     EXPECT_FALSE(dib.GetImageBlock(0, 2, 1, 2, block, nullptr));
     EXPECT_FALSE(dib.SetImageBlock(patch, oMODEL_MONO, 12, 0, 1, 1));
     EXPECT_FALSE(dib.SetImageBlock(patch, oMODEL_MONO, 0, 0, 0, 1));
+    // No bytes to take from or to give to.
+    EXPECT_FALSE(dib.GetImageBlock(0, 0, 2, 1, nullptr, nullptr));
+    EXPECT_FALSE(dib.SetImageBlock(nullptr, oMODEL_MONO, 0, 0, 2, 1));
 }
 
 TEST_F(MemDibTest, CopiesHaveLinesOfTheirOwn)

@@ -139,6 +139,18 @@ TEST_P(StreamKindTest, APrimitiveReadPastTheEndAnswersZero)
     EXPECT_EQ(stream.ReadSWord(), 0);
 }
 
+// A byte string read with nowhere to put it takes nothing from the stream.
+TEST_P(StreamKindTest, AByteStringReadWithoutABufferTakesNothing)
+{
+    std::unique_ptr<zktest::StreamKind> kind = GetParam().make();
+    vSTREAM& stream = kind->Stream();
+    stream.WriteULong(0x12345678UL);
+    stream.MoveFromStart(0);
+    EXPECT_EQ(stream.ReadByteString(nullptr, 4), 0);
+    EXPECT_EQ(stream.CurrentPos(), 0UL);
+    EXPECT_EQ(stream.ReadULong(), 0x12345678UL);
+}
+
 TEST_P(StreamKindTest, MovesCountFromTheStartTheCurrentPlaceAndBackFromTheEnd)
 {
     std::unique_ptr<zktest::StreamKind> kind = GetParam().make();
