@@ -80,7 +80,7 @@ TEST_F(BitBut, EachStateShowsItsFaceWithoutTheKeyColour)
         if (row.disable)
             EnableWindow((*button)(), FALSE);
         ShowPainted((*button)());
-        SHOT shot((*button)());
+        zktest::Pixels shot = Shot((*button)());
         ASSERT_TRUE(shot.Read());
         shot.Save(std::string("bitbut-") + row.state);
         EXPECT_EQ(std::vector<int>({shot.Count(Plain), shot.Count(Selected), shot.Count(Focused),

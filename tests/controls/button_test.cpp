@@ -283,7 +283,7 @@ TEST_F(ButtonBitmap, EachStateShowsItsFace)
         if (row.disable)
             EnableWindow((*button)(), FALSE);
         ShowPainted((*button)());
-        SHOT shot((*button)());
+        zktest::Pixels shot = Shot((*button)());
         ASSERT_TRUE(shot.Read());
         shot.Save(std::string("button-") + row.state);
         for (COLORREF colour : {Plain, Pressed, Focused, Disabled})

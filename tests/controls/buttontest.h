@@ -7,7 +7,7 @@
 
 #include "app/recorder.h"
 #include "controls/control.h"
-#include "examples/hello/png.h"
+#include "graphics/surface.h"
 
 namespace buttontest {
 
@@ -54,69 +54,22 @@ inline HBITMAP SolidFace(int side, COLORREF inner, int frame, COLORREF border)
 
 // The client area of a window as it is on the screen, read back pixel by
 // pixel.
-class SHOT {
-public:
-    explicit SHOT(HWND window)
-    {
-        RECT client;
-        GetClientRect(window, &client);
-        width = client.right;
-        height = client.bottom;
-        bits.resize(width * height);
-        HDC from = GetDC(window);
-        HDC memory = CreateCompatibleDC(from);
-        HBITMAP copy = CreateCompatibleBitmap(from, width, height);
-        HGDIOBJ old = SelectObject(memory, copy);
-        BitBlt(memory, 0, 0, width, height, from, 0, 0, SRCCOPY);
-        SelectObject(memory, old);
-        BITMAPINFO info = {};
-        info.bmiHeader.biSize = sizeof info.bmiHeader;
-        info.bmiHeader.biWidth = width;
-        info.bmiHeader.biHeight = -height;
-        info.bmiHeader.biPlanes = 1;
-        info.bmiHeader.biBitCount = 32;
-        info.bmiHeader.biCompression = BI_RGB;
-        read = GetDIBits(memory, copy, 0, height, bits.data(), &info, DIB_RGB_COLORS) == height;
-        DeleteObject(copy);
-        DeleteDC(memory);
-        ReleaseDC(window, from);
-    }
-
-    bool Read() const { return read && width > 0 && height > 0; }
-
-    COLORREF At(int x, int y) const
-    {
-        DWORD pixel = bits[y * width + x];
-        return RGB(pixel >> 16 & 0xFF, pixel >> 8 & 0xFF, pixel & 0xFF);
-    }
-
-    int Count(COLORREF colour) const
-    {
-        int count = 0;
-        for (int y = 0; y < height; ++y)
-            for (int x = 0; x < width; ++x)
-                count += At(x, y) == colour;
-        return count;
-    }
-
-    // For a person to look at: pngs/<name>.png under the current directory.
-    void Save(const std::string& name) const
-    {
-        CreateDirectoryA("pngs", nullptr);
-        std::vector<DWORD> opaque(bits);
-        for (DWORD& pixel : opaque)
-            pixel |= 0xFF000000;
-        WritePng(("pngs/" + name + ".png").c_str(), reinterpret_cast<const unsigned char*>(opaque.data()), width,
-                 height);
-    }
-
-    int width = 0;
-    int height = 0;
-
-private:
-    std::vector<DWORD> bits;
-    bool read = false;
-};
+inline zktest::Pixels Shot(HWND window)
+{
+    RECT client;
+    GetClientRect(window, &client);
+    HDC from = GetDC(window);
+    HDC memory = CreateCompatibleDC(from);
+    HBITMAP copy = CreateCompatibleBitmap(from, client.right, client.bottom);
+    HGDIOBJ old = SelectObject(memory, copy);
+    BitBlt(memory, 0, 0, client.right, client.bottom, from, 0, 0, SRCCOPY);
+    SelectObject(memory, old);
+    zktest::Pixels shot(copy, client.right, client.bottom);
+    DeleteObject(copy);
+    DeleteDC(memory);
+    ReleaseDC(window, from);
+    return shot;
+}
 
 // Lets everything queued run, for about the time given.
 inline void PumpFor(DWORD ms)

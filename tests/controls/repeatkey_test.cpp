@@ -51,7 +51,7 @@ protected:
 
 TEST_F(RepeatKey, IsMadeAsABitButton)
 {
-    SHOT shot((*key)());
+    zktest::Pixels shot = Shot((*key)());
     ASSERT_TRUE(shot.Read());
     EXPECT_EQ(shot.Count(Plain), 12 * 12);
     EXPECT_EQ(key->flags & WINF_ERASE, 0);

@@ -1,21 +1,27 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <vector>
 
 #include <winternl.h>
 
 #include "support/zktest.h"
 
+#include "examples/hello/png.h"
 #include "graphics/device.h"
 
 namespace zktest {
 
-// What a memory device holds, read back pixel by pixel.
+// What a bitmap holds, read back pixel by pixel.
 class Pixels {
 public:
     explicit Pixels(const vMEMDEVICE& device)
-        : width(device.Size().Width()()), height(device.Size().Height()()), bits(width * height)
+        : Pixels(device.Bitmap(), device.Size().Width()(), device.Size().Height()())
+    {
+    }
+
+    Pixels(HBITMAP bitmap, int width, int height) : width(width), height(height), bits(width * height)
     {
         BITMAPINFO info = {};
         info.bmiHeader.biSize = sizeof info.bmiHeader;
@@ -25,13 +31,13 @@ public:
         info.bmiHeader.biBitCount = 32;
         info.bmiHeader.biCompression = BI_RGB;
         HDC screen = GetDC(nullptr);
-        read = GetDIBits(screen, device.Bitmap(), 0, height, bits.data(), &info, DIB_RGB_COLORS);
+        read = GetDIBits(screen, bitmap, 0, height, bits.data(), &info, DIB_RGB_COLORS);
         ReleaseDC(nullptr, screen);
     }
 
     int Read() const
     {
-        return read == height;
+        return height > 0 && width > 0 && read == height;
     }
 
     COLORREF At(int x, int y) const
@@ -70,6 +76,17 @@ public:
             for (int x = 0; x < width; ++x)
                 count += At(x, y) == colour;
         return count;
+    }
+
+    // For a person to look at: pngs/<name>.png under the current directory.
+    void Save(const std::string& name) const
+    {
+        CreateDirectoryA("pngs", nullptr);
+        std::vector<DWORD> opaque(bits);
+        for (DWORD& pixel : opaque)
+            pixel |= 0xFF000000;
+        WritePng(("pngs/" + name + ".png").c_str(), reinterpret_cast<const unsigned char*>(opaque.data()), width,
+                 height);
     }
 
 private:
