@@ -393,10 +393,11 @@ short vAPP::Loop()
 }
 
 // The dialog is looked up afresh for every message: the one that took the
-// last message may be gone.
+// last message may be gone, and a handle that some other window has come to
+// own by now yields none.
 int vAPP::OfferToDialog(MSG& msg)
 {
-    vDIALOG* active = ActiveDialogObject();
+    vDIALOG* active = hActiveDialog ? dynamic_cast<vDIALOG*>(vWIN::Instance(hActiveDialog)) : nullptr;
     return active && active->HandleMessage(msg);
 }
 
@@ -408,12 +409,6 @@ HWND vAPP::ActiveDialog()
 void vAPP::ActiveDialog(HWND dialog)
 {
     hActiveDialog = dialog;
-}
-
-// A handle that some other window has come to own by now yields null.
-vDIALOG* vAPP::ActiveDialogObject()
-{
-    return hActiveDialog ? dynamic_cast<vDIALOG*>(vWIN::Instance(hActiveDialog)) : nullptr;
 }
 
 int vAPP::Translate(MSG& msg)

@@ -113,7 +113,8 @@ private:
     // when no dialog is up. One for the process.
     static HWND ActiveDialog();
     static void ActiveDialog(HWND dialog);
-    static vDIALOG* ActiveDialogObject();
+    // Non-zero if the active dialog took the message; both loops ask first.
+    static int OfferToDialog(MSG& msg);
 
     int Init(HINSTANCE module);
     // The languages the base library speaks; any other becomes English (UK).
@@ -121,7 +122,6 @@ private:
     short Run(HINSTANCE instance, HINSTANCE previous);
     void FillWindowMenu();
     short Loop();
-    int OfferToDialog(MSG& msg);
     int Translate(MSG& msg);
 
     void RegisterClasses(HINSTANCE program);

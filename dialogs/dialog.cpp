@@ -340,7 +340,7 @@ void vDIALOG::SetupView(int thenUpdate)
         return;
     const vCONTROLMAP* row = controlMap;
     for (; row->New; ++row) {
-        vCONTROL* control = dynamic_cast<vCONTROL*>(Child(vCTRLID(row->id)));
+        vCONTROL* control = ControlChild(row->id);
         if (!control) {
             vCTRLID id(row->id);
             vRESID text(row->text, vSYSTEM::Pointer());
@@ -435,11 +435,10 @@ void vDIALOG::Modal()
     MSG msg = {};
     while (IsWindow(self) && modal) {
         GetMessageA(&msg, nullptr, 0, 0);
-        vDIALOG* active = vAPP::ActiveDialogObject();
         if (msg.message == WM_KEYDOWN)
             keyboard.event(static_cast<unsigned short>(msg.message), static_cast<unsigned short>(msg.wParam),
                            static_cast<unsigned long>(msg.lParam));
-        if (!active || !active->HandleMessage(msg)) {
+        if (!vAPP::OfferToDialog(msg)) {
             TranslateMessage(&msg);
             DispatchMessageA(&msg);
         }
