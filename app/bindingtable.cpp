@@ -4,7 +4,10 @@
 
 // Open addressing with linear probing; removal shifts the later members of a
 // run back into the gap, so no tombstones pile up as windows come and go.
+// The members are also kept packed in one array, in no order, for the
+// searches by parent and identifier.
 BindingTable::Slot BindingTable::slots[Capacity];
+HWND BindingTable::members[Limit];
 unsigned BindingTable::used = 0;
 bool BindingTable::overflowed = false;
 
@@ -28,17 +31,20 @@ unsigned BindingTable::SlotOf(HWND window)
     return index;
 }
 
-void BindingTable::Add(HWND window, vWIN* win)
+void BindingTable::Add(HWND window, const Binding& binding)
 {
     unsigned index = SlotOf(window);
-    if (!slots[index].window) {
-        if (used == Limit) {
-            overflowed = true;
-            return;
-        }
-        ++used;
+    if (slots[index].window) {
+        slots[index].binding = binding;
+        return;
     }
-    slots[index] = Slot{window, win};
+    if (used == Limit) {
+        overflowed = true;
+        return;
+    }
+    members[used] = window;
+    slots[index] = Slot{window, binding, used};
+    ++used;
 }
 
 void BindingTable::Remove(HWND window)
@@ -46,9 +52,17 @@ void BindingTable::Remove(HWND window)
     unsigned index = SlotOf(window);
     if (!slots[index].window)
         return;
+    ForgetMember(slots[index].member);
     slots[index] = Slot{};
-    --used;
     CloseGap(index);
+}
+
+// The last member moves into the place that is given up.
+void BindingTable::ForgetMember(unsigned member)
+{
+    HWND last = members[--used];
+    members[member] = last;
+    slots[SlotOf(last)].member = member;
 }
 
 // A member may move back into the gap unless its home lies cyclically after
@@ -66,12 +80,27 @@ void BindingTable::CloseGap(unsigned gap)
     }
 }
 
-BindingTable::Answer BindingTable::Find(HWND window, vWIN*& win)
+BindingTable::Answer BindingTable::Find(HWND window, Binding& binding)
 {
     const Slot& slot = slots[SlotOf(window)];
     if (slot.window) {
-        win = slot.win;
+        binding = slot.binding;
         return FOUND;
     }
     return overflowed ? UNKNOWN : ABSENT;
+}
+
+// A window's identifier and parent are read from the platform each time, as
+// either may have changed since the window was bound; for this process's own
+// windows both reads stay in the process.
+BindingTable::Answer BindingTable::FindChild(HWND parent, int id)
+{
+    if (overflowed || used > ScanLimit)
+        return UNKNOWN;
+    for (unsigned member = 0; member < used; ++member) {
+        HWND window = members[member];
+        if (GetWindowLongPtrA(window, GWLP_ID) == id && GetAncestor(window, GA_PARENT) == parent)
+            return FOUND;
+    }
+    return ABSENT;
 }

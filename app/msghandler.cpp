@@ -234,7 +234,7 @@ int vWIN::DoLButtonUp(unsigned int, long lParam)
 void vWIN::DoCommand(unsigned int wParam, long)
 {
     vCTRLID control(LOWORD(wParam));
-    vWIN* child = control ? Instance(GetDlgItem(hWnd, control)) : nullptr;
+    vWIN* child = control ? BoundChild(hWnd, control) : nullptr;
     if (child)
         child->NotifyPeerControls(control);
     vCommand(vCTRLID(wParam));

@@ -256,7 +256,7 @@ void vWIN::BindInstance(HWND window)
         *slot = this;
     LocalUnlock(block);
     SetPropA(window, BindingName, block);
-    BindingTable::Add(window, this);
+    BindingTable::Add(window, BindingTable::Binding{this, block});
     hWnd = window;
 }
 
@@ -264,35 +264,44 @@ void vWIN::UnbindInstance()
 {
     if (!IsWindow(hWnd))
         return;
-    HANDLE block = GetPropA(hWnd, BindingName);
+    HANDLE block = BindingOf(hWnd).block;
     SetPropA(hWnd, BindingName, nullptr);
     LocalFree(block);
     RemovePropA(hWnd, BindingName);
     BindingTable::Remove(hWnd);
 }
 
-// The table answers for every window this process has bound; the property
-// is read only if the table ever ran out of room.
 vWIN* vWIN::Instance(HWND window)
 {
     if (!IsWindow(window))
         return nullptr;
-    vWIN* win = nullptr;
-    switch (BindingTable::Find(window, win)) {
-    case BindingTable::FOUND:
-        return win;
-    case BindingTable::ABSENT:
+    return BindingOf(window).win;
+}
+
+// The table answers for every window this process has bound; the property
+// is read only if the table ever ran out of room.
+BindingTable::Binding vWIN::BindingOf(HWND window)
+{
+    BindingTable::Binding binding{nullptr, nullptr};
+    if (BindingTable::Find(window, binding) != BindingTable::UNKNOWN)
+        return binding;
+    binding.block = GetPropA(window, BindingName);
+    if (!binding.block)
+        return binding;
+    vWIN** slot = static_cast<vWIN**>(LocalLock(binding.block));
+    binding.win = slot ? *slot : nullptr;
+    LocalUnlock(binding.block);
+    return binding;
+}
+
+// The object bound to the child that the platform finds under the
+// identifier. When no window of this process could be that child, the answer
+// is null without asking the platform to search.
+vWIN* vWIN::BoundChild(HWND parent, int childId)
+{
+    if (BindingTable::FindChild(parent, childId) == BindingTable::ABSENT)
         return nullptr;
-    case BindingTable::UNKNOWN:
-        break;
-    }
-    HANDLE block = GetPropA(window, BindingName);
-    if (!block)
-        return nullptr;
-    vWIN** slot = static_cast<vWIN**>(LocalLock(block));
-    win = slot ? *slot : nullptr;
-    LocalUnlock(block);
-    return win;
+    return Instance(GetDlgItem(parent, childId));
 }
 
 void vWIN::SubClass()
@@ -315,7 +324,8 @@ LRESULT CALLBACK GenericProc(HWND window, UINT message, WPARAM wParam, LPARAM lP
 // message itself is looked at.
 LRESULT vWIN::Dispatch(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    vWIN* win = Instance(window);
+    // A window that is being sent a message is alive.
+    vWIN* win = BindingOf(window).win;
     if (vSYSTEM::GetExceptionFlag())
         vSYSTEM::GetDefaultException().HandleException(window);
     if (message == WM_DESTROY)
@@ -323,7 +333,17 @@ LRESULT vWIN::Dispatch(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
     long result = 0;
     if (win->MsgHandler(message, wParam, lParam, result))
         return result;
-    return CallWindowProcA(win->pfnOldProc, window, message, wParam, lParam);
+    return PassOn(win->pfnOldProc, window, message, wParam, lParam);
+}
+
+// The library's plain windows keep the platform's default procedure as the
+// saved one; it is called straight, as it needs none of the translation of
+// procedure handles that CallWindowProcA does.
+LRESULT vWIN::PassOn(WNDPROC saved, HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (saved == DefWindowProcA)
+        return DefWindowProcA(window, message, wParam, lParam);
+    return CallWindowProcA(saved, window, message, wParam, lParam);
 }
 
 // The object may be deleted here, so the saved procedure is kept in a local
@@ -337,7 +357,7 @@ LRESULT vWIN::Destroyed(vWIN* win, HWND window, WPARAM wParam, LPARAM lParam)
         win->flags &= ~WINF_NEWED;
         delete win;
     }
-    return CallWindowProcA(saved, window, WM_DESTROY, wParam, lParam);
+    return PassOn(saved, window, WM_DESTROY, wParam, lParam);
 }
 
 HDC vWIN::GetWinDC()
@@ -380,7 +400,7 @@ vWIN* vWIN::Child(const vCTRLID& childId)
 {
     if (!childId)
         return nullptr;
-    return Instance(GetDlgItem(hWnd, childId));
+    return BoundChild(hWnd, childId);
 }
 
 void vWIN::Activate()

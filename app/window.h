@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include "app/bindingtable.h"
 #include "base/ctrlid.h"
 #include "base/values.h"
 #include "base/lists.h"
@@ -327,6 +328,9 @@ private:
     void CopyFields(const vWIN& other);
     static LRESULT Dispatch(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     static LRESULT Destroyed(vWIN* win, HWND window, WPARAM wParam, LPARAM lParam);
+    static LRESULT PassOn(WNDPROC saved, HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    static BindingTable::Binding BindingOf(HWND window);
+    static vWIN* BoundChild(HWND parent, int childId);
     template <typename VISIT>
     int WalkKin(VISIT visit);
 

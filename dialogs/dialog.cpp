@@ -235,7 +235,7 @@ void vDIALOG::Command(unsigned int wParam)
 {
     vCTRLID control(LOWORD(wParam));
     unsigned short notification = HIWORD(wParam);
-    vCONTROL* sender = dynamic_cast<vCONTROL*>(Instance(GetDlgItem(hWnd, control)));
+    vCONTROL* sender = dynamic_cast<vCONTROL*>(BoundChild(hWnd, control));
     if (sender)
         sender->Notification(notification);
     if (control == vCTRLID(9)) {
@@ -287,7 +287,7 @@ vWIN* vDIALOG::Child(const vCTRLID& id)
 {
     if (!id)
         return nullptr;
-    return Instance(GetDlgItem(hWnd, id));
+    return BoundChild(hWnd, id);
 }
 
 // Posted, so that the window goes between two messages of the loop.

@@ -86,6 +86,98 @@ TEST_F(BindingTableTest, AgreementHoldsThroughChurn)
     }
 }
 
+// What the library must answer for a child: the object bound to the first
+// child that the platform finds under the identifier, by its property.
+vWIN* PropertyChild(HWND parent, int id)
+{
+    return PropertyInstance(GetDlgItem(parent, id));
+}
+
+void SetPlatformId(HWND window, int id)
+{
+    SetWindowLongPtrA(window, GWLP_ID, id);
+}
+
+HWND RawChild(HWND parent, int id)
+{
+    return CreateWindowExA(0, "STATIC", "raw", WS_CHILD, 0, 0, 5, 5, parent, reinterpret_cast<HMENU>(id), nullptr,
+                           nullptr);
+}
+
+// Asks every identifier in use, and one that is not, of both parents.
+void ExpectChildAgreement(RECORDER& parent, RECORDER& other, const char* stage)
+{
+    for (RECORDER* asked : {&parent, &other})
+        for (int id = 10; id <= 15; ++id)
+            EXPECT_EQ(asked->Child(vCTRLID(static_cast<unsigned short>(id))), PropertyChild((*asked)(), id))
+                << stage << ", parent " << asked->name << ", id " << id;
+}
+
+// The child look-up skips the platform's search only when no bound window can
+// be the answer; identifiers and parents changed behind the library's back,
+// an unbound child ahead of a bound one and a crowd of bound windows must all
+// give what the search gives.
+TEST_F(BindingTableTest, ChildLookUpAgreesWithThePlatformSearch)
+{
+    RECORDER parent(Top(), vRECT(0, 0, 50, 50), "parent");
+    RECORDER other(Top(), vRECT(0, 0, 50, 50), "other");
+    RECORDER first(parent, vRECT(0, 0, 5, 5), "first");
+    RECORDER second(parent, vRECT(0, 0, 5, 5), "second");
+    HWND raw = RawChild(parent(), 11);
+    SetPlatformId(first(), 10);
+    SetPlatformId(second(), 12);
+    ExpectChildAgreement(parent, other, "made");
+    EXPECT_EQ(parent.Child(vCTRLID(10)), &first);
+    EXPECT_EQ(parent.Child(vCTRLID(11)), nullptr);
+
+    SetPlatformId(first(), 13);
+    ExpectChildAgreement(parent, other, "identifier changed");
+    EXPECT_EQ(parent.Child(vCTRLID(13)), &first);
+
+    SetParent(second(), other());
+    ExpectChildAgreement(parent, other, "parent changed");
+    EXPECT_EQ(other.Child(vCTRLID(12)), &second);
+
+    HWND ahead = RawChild(parent(), 13);
+    SetWindowPos(ahead, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    ExpectChildAgreement(parent, other, "unbound child ahead");
+
+    std::vector<RECORDER*> crowd;
+    for (int n = 0; n < 80; ++n)
+        crowd.push_back(new RECORDER(other, vRECT(0, 0, 5, 5), "crowd"));
+    SetPlatformId((*crowd.back())(), 14);
+    ExpectChildAgreement(parent, other, "crowded");
+    EXPECT_EQ(other.Child(vCTRLID(14)), crowd.back());
+    for (RECORDER* window : crowd)
+        DestroyWindow((*window)());
+
+    DestroyWindow(first());
+    ExpectChildAgreement(parent, other, "destroyed");
+    DestroyWindow(ahead);
+    DestroyWindow(raw);
+    DestroyWindow(second());
+}
+
+// The block that holds the binding goes back to the local heap however the
+// window ends.
+TEST_F(BindingTableTest, EveryEndFreesTheBindingBlock)
+{
+    RECORDER member(Top(), vRECT(0, 0, 5, 5), "member");
+    RECORDER* destroyed = new RECORDER(Top(), vRECT(0, 0, 5, 5), "destroyed");
+    RECORDER* deleted = new RECORDER(Top(), vRECT(0, 0, 5, 5), "deleted");
+    std::vector<HANDLE> blocks;
+    for (HWND window : {member(), (*destroyed)(), (*deleted)()})
+        blocks.push_back(GetPropA(window, "this"));
+    for (HANDLE block : blocks)
+        EXPECT_NE(LocalFlags(block), LMEM_INVALID_HANDLE);
+
+    DestroyWindow(member());
+    DestroyWindow((*destroyed)());
+    delete deleted;
+    for (HANDLE block : blocks)
+        EXPECT_EQ(LocalFlags(block), LMEM_INVALID_HANDLE) << block;
+}
+
 // Handles that crowd into one run of slots are found, and removing some from
 // the middle of the run leaves the rest reachable.
 TEST(BindingTableMechanics, RemovalKeepsTheRestOfARunReachable)
@@ -94,23 +186,23 @@ TEST(BindingTableMechanics, RemovalKeepsTheRestOfARunReachable)
     std::vector<vWIN*> objects(count);
     for (unsigned n = 0; n < count; ++n) {
         objects[n] = reinterpret_cast<vWIN*>(static_cast<UINT_PTR>(0x1000 + n));
-        BindingTable::Add(CrowdedHandle(n), objects[n]);
+        BindingTable::Add(CrowdedHandle(n), BindingTable::Binding{objects[n], nullptr});
     }
     for (unsigned n = 0; n < count; n += 3)
         BindingTable::Remove(CrowdedHandle(n));
     for (unsigned n = 0; n < count; ++n) {
-        vWIN* found = nullptr;
+        BindingTable::Binding found{};
         BindingTable::Answer answer = BindingTable::Find(CrowdedHandle(n), found);
         if (n % 3 == 0) {
             EXPECT_EQ(answer, BindingTable::ABSENT) << n;
         } else {
             ASSERT_EQ(answer, BindingTable::FOUND) << n;
-            EXPECT_EQ(found, objects[n]) << n;
+            EXPECT_EQ(found.win, objects[n]) << n;
         }
     }
     for (unsigned n = 0; n < count; ++n)
         BindingTable::Remove(CrowdedHandle(n));
-    vWIN* found = nullptr;
+    BindingTable::Binding found{};
     EXPECT_EQ(BindingTable::Find(CrowdedHandle(7), found), BindingTable::ABSENT);
 }
 
@@ -120,9 +212,9 @@ int OverflowInChild(const std::vector<std::string>&)
 {
     wintest::RegisterClasses();
     unsigned n = 0;
-    vWIN* found = nullptr;
+    BindingTable::Binding found{};
     for (; BindingTable::Find(FakeHandle(90000), found) == BindingTable::ABSENT && n < 20000; ++n)
-        BindingTable::Add(FakeHandle(n), reinterpret_cast<vWIN*>(static_cast<UINT_PTR>(0x1000 + n)));
+        BindingTable::Add(FakeHandle(n), BindingTable::Binding{reinterpret_cast<vWIN*>(static_cast<UINT_PTR>(0x1000 + n)), nullptr});
     zktest::Report(BindingTable::Find(FakeHandle(90000), found) == BindingTable::UNKNOWN ? "unknown" : "absent");
     RECORDER late(wintest::SharedTop(), vRECT(0, 0, 5, 5), "late");
     zktest::Report(RECORDER::Instance(late()) == &late ? "found late" : "lost late");
