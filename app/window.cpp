@@ -264,7 +264,8 @@ void vWIN::UnbindInstance()
 {
     if (!IsWindow(hWnd))
         return;
-    HANDLE block = BindingOf(hWnd).block;
+    HANDLE block;
+    BindingOf(hWnd, block);
     SetPropA(hWnd, BindingName, nullptr);
     LocalFree(block);
     RemovePropA(hWnd, BindingName);
@@ -275,23 +276,26 @@ vWIN* vWIN::Instance(HWND window)
 {
     if (!IsWindow(window))
         return nullptr;
-    return BindingOf(window).win;
+    HANDLE block;
+    return BindingOf(window, block);
 }
 
 // The table answers for every window this process has bound; the property
 // is read only if the table ever ran out of room.
-BindingTable::Binding vWIN::BindingOf(HWND window)
+vWIN* vWIN::BindingOf(HWND window, HANDLE& block)
 {
     BindingTable::Binding binding{nullptr, nullptr};
-    if (BindingTable::Find(window, binding) != BindingTable::UNKNOWN)
-        return binding;
-    binding.block = GetPropA(window, BindingName);
-    if (!binding.block)
-        return binding;
-    vWIN** slot = static_cast<vWIN**>(LocalLock(binding.block));
-    binding.win = slot ? *slot : nullptr;
-    LocalUnlock(binding.block);
-    return binding;
+    if (BindingTable::Find(window, binding) != BindingTable::UNKNOWN) {
+        block = binding.block;
+        return binding.win;
+    }
+    block = GetPropA(window, BindingName);
+    if (!block)
+        return nullptr;
+    vWIN** slot = static_cast<vWIN**>(LocalLock(block));
+    vWIN* win = slot ? *slot : nullptr;
+    LocalUnlock(block);
+    return win;
 }
 
 // The object bound to the child that the platform finds under the
@@ -325,7 +329,8 @@ LRESULT CALLBACK GenericProc(HWND window, UINT message, WPARAM wParam, LPARAM lP
 LRESULT vWIN::Dispatch(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
     // A window that is being sent a message is alive.
-    vWIN* win = BindingOf(window).win;
+    HANDLE block;
+    vWIN* win = BindingOf(window, block);
     if (vSYSTEM::GetExceptionFlag())
         vSYSTEM::GetDefaultException().HandleException(window);
     if (message == WM_DESTROY)

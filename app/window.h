@@ -2,7 +2,6 @@
 
 #include <windows.h>
 
-#include "app/bindingtable.h"
 #include "base/ctrlid.h"
 #include "base/values.h"
 #include "base/lists.h"
@@ -329,7 +328,7 @@ private:
     static LRESULT Dispatch(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     static LRESULT Destroyed(vWIN* win, HWND window, WPARAM wParam, LPARAM lParam);
     static LRESULT PassOn(WNDPROC saved, HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-    static BindingTable::Binding BindingOf(HWND window);
+    static vWIN* BindingOf(HWND window, HANDLE& block);
     static vWIN* BoundChild(HWND parent, int childId);
     template <typename VISIT>
     int WalkKin(VISIT visit);

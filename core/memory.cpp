@@ -1,4 +1,5 @@
 #include "base/memory.h"
+#include "core/memory.h"
 
 #include <windows.h>
 
@@ -15,16 +16,88 @@ struct BlockHeader {
 const unsigned long liveMark = 0x5A4B4D42;
 const unsigned long deadMark = 0x44454144;
 
-// Both counts in one word, blocks above and bytes below, so that each
-// allocation and each free costs one interlocked update. Live bytes cannot
-// pass 32 bits in a 32-bit process, so the halves never run into each other.
-volatile LONGLONG liveCounts = 0;
-const LONGLONG oneBlock = 1LL << 32;
 vNEWHANDLER newHandler = nullptr;
 
-void Count(LONGLONG change)
+// Every thread counts its blocks and bytes in a record of its own with plain
+// writes, for an interlocked update on each allocation costs as much again as
+// the rest of the library's share. The live counts are the sum of all records
+// and of what ended threads left; a block made by one thread and freed by
+// another leaves one record above and one below, which the sum evens out.
+struct COUNTS {
+    volatile unsigned long blocks;
+    volatile unsigned long bytes;
+    volatile LONG taken;
+    COUNTS* next;
+};
+
+// Records are never freed: a thread's end gives its counts to the totals of
+// ended threads and its record to the next thread that allocates.
+COUNTS* volatile records = nullptr;
+volatile LONG endedBlocks = 0;
+volatile LONG endedBytes = 0;
+
+// Made on first use, so that an allocation from any library's start-up finds it.
+DWORD CountsSlot()
 {
-    InterlockedExchangeAdd64(&liveCounts, change);
+    static const DWORD slot = TlsAlloc();
+    return slot;
+}
+
+COUNTS* Recorded()
+{
+    DWORD slot = CountsSlot();
+    return slot == TLS_OUT_OF_INDEXES ? nullptr : static_cast<COUNTS*>(TlsGetValue(slot));
+}
+
+COUNTS* Claim()
+{
+    for (COUNTS* record = records; record; record = record->next)
+        if (!InterlockedCompareExchange(&record->taken, 1, 0))
+            return record;
+    return nullptr;
+}
+
+COUNTS* MakeRecord()
+{
+    COUNTS* record = static_cast<COUNTS*>(HeapAlloc(GetProcessHeap(), HEAP_ZERO_MEMORY, sizeof(COUNTS)));
+    if (!record)
+        return nullptr;
+    record->taken = 1;
+    do
+        record->next = records;
+    while (InterlockedCompareExchangePointer(reinterpret_cast<void* volatile*>(&records), record, record->next) !=
+           record->next);
+    return record;
+}
+
+COUNTS* Adopt()
+{
+    if (CountsSlot() == TLS_OUT_OF_INDEXES)
+        return nullptr;
+    COUNTS* record = Claim();
+    if (!record)
+        record = MakeRecord();
+    TlsSetValue(CountsSlot(), record);
+    return record;
+}
+
+COUNTS* ThreadCounts()
+{
+    COUNTS* mine = Recorded();
+    return mine ? mine : Adopt();
+}
+
+// Without a record of its own a thread counts in the shared totals.
+void Count(long blocks, long bytes)
+{
+    COUNTS* mine = ThreadCounts();
+    if (!mine) {
+        InterlockedExchangeAdd(&endedBlocks, blocks);
+        InterlockedExchangeAdd(&endedBytes, bytes);
+        return;
+    }
+    mine->blocks += blocks;
+    mine->bytes += bytes;
 }
 
 // The process heap, fetched once when the library loads.
@@ -44,14 +117,14 @@ void* Publish(BlockHeader* header, unsigned long size)
 {
     header->size = size;
     header->mark = liveMark;
-    Count(oneBlock + static_cast<LONGLONG>(size));
+    Count(1, static_cast<long>(size));
     return header + 1;
 }
 
 void Retire(BlockHeader* header)
 {
     header->mark = deadMark;
-    Count(-oneBlock - static_cast<LONGLONG>(header->size));
+    Count(-1, -static_cast<long>(header->size));
 }
 
 bool TooLarge(unsigned long size)
@@ -91,25 +164,39 @@ void* vMemRealloc(void* block, unsigned long size)
     void* raw = HeapReAlloc(heap, 0, header, sizeof(BlockHeader) + size);
     if (!raw)
         return nullptr;
-    Count(static_cast<LONGLONG>(size) - static_cast<LONGLONG>(oldSize));
+    Count(0, static_cast<long>(size - oldSize));
     static_cast<BlockHeader*>(raw)->size = size;
     return static_cast<BlockHeader*>(raw) + 1;
 }
 
-// A 64-bit read is not one access on this processor; an interlocked read is.
-LONGLONG LiveCounts()
-{
-    return InterlockedCompareExchange64(&liveCounts, 0, 0);
-}
-
+// Taken while other threads count, the sum is as good as the moment allows.
 unsigned long vMemLiveBlocks()
 {
-    return static_cast<unsigned long>(LiveCounts() >> 32);
+    unsigned long blocks = static_cast<unsigned long>(endedBlocks);
+    for (COUNTS* record = records; record; record = record->next)
+        blocks += record->blocks;
+    return blocks;
 }
 
 unsigned long vMemLiveBytes()
 {
-    return static_cast<unsigned long>(LiveCounts() & 0xFFFFFFFF);
+    unsigned long bytes = static_cast<unsigned long>(endedBytes);
+    for (COUNTS* record = records; record; record = record->next)
+        bytes += record->bytes;
+    return bytes;
+}
+
+void vMemThreadEnds()
+{
+    COUNTS* mine = Recorded();
+    if (!mine)
+        return;
+    TlsSetValue(CountsSlot(), nullptr);
+    InterlockedExchangeAdd(&endedBlocks, static_cast<LONG>(mine->blocks));
+    InterlockedExchangeAdd(&endedBytes, static_cast<LONG>(mine->bytes));
+    mine->blocks = 0;
+    mine->bytes = 0;
+    InterlockedExchange(&mine->taken, 0);
 }
 
 vNEWHANDLER vMemSetNewHandler(vNEWHANDLER handler)

@@ -1,4 +1,6 @@
 #include <cstring>
+#include <thread>
+#include <vector>
 
 #include "support/zktest.h"
 
@@ -73,6 +75,57 @@ TEST_F(MemoryTest, ImpossibleSizesFailWithNull)
     void* block = vMemAlloc(10);
     EXPECT_EQ(vMemRealloc(block, 0xFFFFFFF0UL), nullptr);
     vMemFree(block);
+}
+
+std::vector<void*> AllocateMany(int count, unsigned long size)
+{
+    std::vector<void*> blocks;
+    for (int n = 0; n < count; ++n)
+        blocks.push_back(vMemAlloc(size));
+    return blocks;
+}
+
+void FreeAll(const std::vector<void*>& blocks)
+{
+    for (void* block : blocks)
+        vMemFree(block);
+}
+
+// Blocks outlive the threads that made them, threads free what others made,
+// and threads end in numbers: at each quiet moment the counts are exact.
+TEST_F(MemoryTest, CountsStayExactAcrossThreads)
+{
+    unsigned long blocks = vMemLiveBlocks();
+    unsigned long bytes = vMemLiveBytes();
+    std::vector<std::vector<void*>> made(8);
+    std::vector<std::thread> makers;
+    for (size_t n = 0; n < made.size(); ++n)
+        makers.emplace_back([&made, n] { made[n] = AllocateMany(100, 24); });
+    for (std::thread& maker : makers)
+        maker.join();
+    EXPECT_EQ(vMemLiveBlocks(), blocks + 800);
+    EXPECT_EQ(vMemLiveBytes(), bytes + 800 * 24);
+
+    std::vector<void*> mine = AllocateMany(50, 40);
+    std::vector<std::thread> freers;
+    for (size_t n = 0; n < made.size(); ++n)
+        freers.emplace_back([&made, n] { FreeAll(made[n]); });
+    freers.emplace_back([&mine] { FreeAll(mine); });
+    for (std::thread& freer : freers)
+        freer.join();
+    EXPECT_EQ(vMemLiveBlocks(), blocks);
+    EXPECT_EQ(vMemLiveBytes(), bytes);
+
+    std::vector<void*> left;
+    for (int round = 0; round < 200; ++round)
+        std::thread([&left] {
+            FreeAll(AllocateMany(3, 16));
+            left.push_back(vMemAlloc(8));
+        }).join();
+    EXPECT_EQ(vMemLiveBlocks(), blocks + 200);
+    EXPECT_EQ(vMemLiveBytes(), bytes + 200 * 8);
+    FreeAll(left);
+    EXPECT_EQ(vMemLiveBlocks(), blocks);
 }
 
 int handlerCalls = 0;
