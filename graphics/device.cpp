@@ -144,6 +144,57 @@ int PaintBand(HDC dc, const RECT& target, const RECT& source, const BITMAPINFO& 
     return done;
 }
 
+// What a rectangle drawn without a pen fills when given one pixel more each
+// way: the corners are put in order first, and the right and bottom pixels
+// are left out after.
+RECT PenlessFill(const RECT& area)
+{
+    RECT box{std::min(area.left, area.right + 1), std::min(area.top, area.bottom + 1),
+             std::max(area.left, area.right + 1), std::max(area.top, area.bottom + 1)};
+    --box.right;
+    --box.bottom;
+    return box;
+}
+
+int MixReadsThePen(int mix)
+{
+    unsigned table = static_cast<unsigned>(mix - 1);
+    return (table >> 2 & 3) != (table & 3);
+}
+
+// The raster operation that paints a pattern as a pen would be drawn in the
+// context's mix mode. A mix is a table over pen and destination, bit
+// pen * 2 + destination of the mode less one; the operation's table also runs
+// over the source, which a pattern paint never reads, so each entry goes to
+// both of its places.
+DWORD PatternRop(int mix)
+{
+    unsigned table = static_cast<unsigned>(mix - 1);
+    unsigned rop = 0;
+    for (unsigned pen = 0; pen < 2; ++pen)
+        for (unsigned destination = 0; destination < 2; ++destination)
+            if (table >> (pen * 2 + destination) & 1)
+                rop |= (1u << (pen * 4 + destination)) | (1u << (pen * 4 + 2 + destination));
+    return rop << 16;
+}
+
+int PaintPattern(HDC dc, const RECT& box, int mix)
+{
+    if (box.right <= box.left || box.bottom <= box.top)
+        return 1;
+    return PatBlt(dc, box.left, box.top, box.right - box.left, box.bottom - box.top, PatternRop(mix));
+}
+
+// Without a pen the platform leaves out the right and bottom pixels of the
+// area once more, so the rectangle is given one pixel extra each way.
+int PenlessRectangle(HDC dc, const RECT& area)
+{
+    HGDIOBJ pen = SelectObject(dc, GetStockObject(NULL_PEN));
+    int done = Rectangle(dc, area.left, area.top, area.right + 1, area.bottom + 1);
+    SelectObject(dc, pen);
+    return done;
+}
+
 }  // namespace
 
 // One entry of the state stack: a copy of what was saved and which part of
@@ -809,15 +860,18 @@ int vDEVICE::LineRect(const vRECT& rect)
     return done;
 }
 
-// Without a pen the platform leaves out the right and bottom pixels of the
-// area once more, so the fill is given one pixel extra each way.
+// The fill is painted as a pattern, so the pen plays no part and stays as it
+// is. A mix that ignores the pen ignores the pattern too, and would then
+// paint the gaps of a hatch that the background should leave alone: such a
+// mix gets the rectangle without a pen that the pattern stands for.
 int vDEVICE::FillRect(const vRECT& rect)
 {
     RECT area = Platform(LPtoDP(rect));
     PASS pass;
-    if (!Open(pass, GetStockObject(NULL_PEN), Brush()))
+    if (!Open(pass, nullptr, Brush()))
         return 0;
-    int done = Rectangle(pass.dc, area.left, area.top, area.right + 1, area.bottom + 1);
+    int mix = GetROP2(pass.dc);
+    int done = MixReadsThePen(mix) ? PaintPattern(pass.dc, PenlessFill(area), mix) : PenlessRectangle(pass.dc, area);
     Close(pass);
     return done;
 }
@@ -857,7 +911,7 @@ int vDEVICE::LineShape(const vSHAPE& shape)
 int vDEVICE::FillShape(const vSHAPE& shape)
 {
     PASS pass;
-    if (!Open(pass, GetStockObject(NULL_PEN), Brush()))
+    if (!Open(pass, nullptr, Brush()))
         return 0;
     int done = TracePath(pass.dc, shape) && FillPath(pass.dc);
     Close(pass);
@@ -937,11 +991,12 @@ int vDEVICE::KeepsSelection()
 }
 
 // In a lasting context the objects stay for the next pass, and only a
-// change is selected; in any other the pass puts back what it found.
+// change is selected; in any other the pass puts back what it found. A pass
+// that draws without a pen asks for none and leaves the pen as it is.
 void vDEVICE::Select(PASS& pass, HGDIOBJ linePen, HGDIOBJ fillBrush)
 {
     if (!KeepsSelection()) {
-        pass.pen = SelectObject(pass.dc, linePen);
+        pass.pen = linePen ? SelectObject(pass.dc, linePen) : nullptr;
         pass.brush = SelectObject(pass.dc, fillBrush);
         return;
     }
@@ -950,14 +1005,17 @@ void vDEVICE::Select(PASS& pass, HGDIOBJ linePen, HGDIOBJ fillBrush)
     if (keptIn != pass.dc) {
         LetKeptGo();
         keptIn = pass.dc;
-        firstPen = SelectObject(pass.dc, linePen);
-        firstBrush = SelectObject(pass.dc, fillBrush);
-        return;
+        firstPen = GetCurrentObject(pass.dc, OBJ_PEN);
+        firstBrush = GetCurrentObject(pass.dc, OBJ_BRUSH);
     }
-    if (GetCurrentObject(pass.dc, OBJ_PEN) != linePen)
-        SelectObject(pass.dc, linePen);
-    if (GetCurrentObject(pass.dc, OBJ_BRUSH) != fillBrush)
-        SelectObject(pass.dc, fillBrush);
+    Keep(pass.dc, OBJ_PEN, linePen);
+    Keep(pass.dc, OBJ_BRUSH, fillBrush);
+}
+
+void vDEVICE::Keep(HDC dc, UINT kind, HGDIOBJ object)
+{
+    if (object && GetCurrentObject(dc, kind) != object)
+        SelectObject(dc, object);
 }
 
 // Puts back what the lasting context held before the device's objects, so

@@ -216,6 +216,7 @@ private:
     void DropObjects();
     int KeepsSelection();
     void Select(PASS& pass, HGDIOBJ linePen, HGDIOBJ fillBrush);
+    static void Keep(HDC dc, UINT kind, HGDIOBJ object);
     void SelectFont(PASS& pass);
     void LetKeptGo();
     void CopyFrom(const vDEVICE& other);

@@ -1,5 +1,6 @@
 #include "graphics/surface.h"
 
+#include "graphics/deviceid.h"
 #include "graphics/elpsshape.h"
 #include "graphics/rectshape.h"
 
@@ -198,6 +199,95 @@ TEST_F(DrawTest, HatchedFillLeavesTheBackgroundBetweenItsLines)
     int green = pixels.Count(Green);
     EXPECT_GT(green, 0);
     EXPECT_LT(green, 40 * 40 / 2);
+}
+
+// A context of its own with a bitmap like the memory device's, and the
+// same stripes of colour on it each time, for mixes to work against.
+class CONTEXT {
+public:
+    CONTEXT()
+    {
+        HDC screen = GetDC(nullptr);
+        dc = CreateCompatibleDC(screen);
+        bitmap = CreateCompatibleBitmap(screen, side, side);
+        ReleaseDC(nullptr, screen);
+        original = SelectObject(dc, bitmap);
+    }
+
+    ~CONTEXT()
+    {
+        SelectObject(dc, original);
+        DeleteObject(bitmap);
+        DeleteDC(dc);
+    }
+
+    void Stripes()
+    {
+        for (int band = 0; band < 10; ++band) {
+            HBRUSH brush = CreateSolidBrush(RGB(25 * band, 255 - 20 * band, band % 2 ? 200 : 40));
+            RECT row = {0, band * 10, side, band * 10 + 10};
+            FillRect(dc, &row, brush);
+            DeleteObject(brush);
+        }
+    }
+
+    Pixels Read() const { return Pixels(bitmap, side, side); }
+
+    static const int side = 100;
+    HDC dc;
+
+private:
+    HBITMAP bitmap;
+    HGDIOBJ original;
+};
+
+struct FILLCASE {
+    vFILLTYPE type;
+    int transparent;
+    int hatch;
+};
+
+// A fill is painted as a pattern; every mix mode, every kind of brush and
+// rectangles in order, reversed, empty and of one pixel must come out as the
+// platform's pen-less rectangle one pixel larger each way. The device draws
+// on a context handed in, whose mix mode it leaves alone.
+TEST(FillTest, FillPaintsWhatAPenlessRectanglePaints)
+{
+    const FILLCASE fills[] = {{vFILL_SOLID, 0, -1}, {vFILL_HATCH_CROSS, 0, HS_CROSS},
+                              {vFILL_HATCH_CROSS, 1, HS_CROSS}};
+    const RECT rects[] = {{10, 12, 40, 30}, {40, 30, 10, 12}, {20, 5, 20, 50}, {21, 5, 20, 50}, {60, 60, 61, 61}};
+    const COLORREF ink = RGB(90, 160, 30);
+    const COLORREF paper = RGB(200, 20, 120);
+    CONTEXT target;
+    CONTEXT reference;
+    HGDIOBJ originalPen = SelectObject(reference.dc, GetStockObject(NULL_PEN));
+    {
+        vDEVICEID device(target.dc);
+        device.LineSpec(NoLine());
+        for (int mix = R2_BLACK; mix <= R2_WHITE; ++mix) {
+            SetROP2(target.dc, mix);
+            SetROP2(reference.dc, mix);
+            for (const FILLCASE& fill : fills) {
+                device.Transparency(fill.transparent);
+                device.FillSpec(vFILLSPEC(fill.type, Colour(ink), Colour(paper), vANGLE(), vFILL_ALTERNATE));
+                SetBkMode(reference.dc, fill.transparent ? TRANSPARENT : OPAQUE);
+                SetBkColor(reference.dc, paper);
+                HBRUSH brush = fill.hatch < 0 ? CreateSolidBrush(ink) : CreateHatchBrush(fill.hatch, ink);
+                HGDIOBJ before = SelectObject(reference.dc, brush);
+                for (const RECT& rect : rects) {
+                    target.Stripes();
+                    reference.Stripes();
+                    device.DrawRect(vRECT(rect.left, rect.top, rect.right, rect.bottom));
+                    Rectangle(reference.dc, rect.left, rect.top, rect.right + 1, rect.bottom + 1);
+                    EXPECT_TRUE(target.Read() == reference.Read())
+                        << "mix " << mix << ", brush " << fill.hatch << ", transparent " << fill.transparent
+                        << ", rect " << rect.left << "," << rect.top << "," << rect.right << "," << rect.bottom;
+                }
+                DeleteObject(SelectObject(reference.dc, before));
+            }
+        }
+    }
+    SelectObject(reference.dc, originalPen);
 }
 
 class ClipTest : public SurfaceTest {
