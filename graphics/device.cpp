@@ -195,6 +195,14 @@ int PenlessRectangle(HDC dc, const RECT& area)
     return done;
 }
 
+// Sets a value of a context only if it holds another: reading is cheaper.
+template <typename VALUE>
+void Change(HDC dc, VALUE(WINAPI* get)(HDC), VALUE(WINAPI* set)(HDC, VALUE), VALUE value)
+{
+    if (get(dc) != value)
+        set(dc, value);
+}
+
 }  // namespace
 
 // One entry of the state stack: a copy of what was saved and which part of
@@ -948,6 +956,7 @@ int vDEVICE::Open(PASS& pass, HGDIOBJ linePen, HGDIOBJ fillBrush)
     pass.dc = ActivateDC();
     if (!pass.dc)
         return 0;
+    pass.lasting = KeepsSelection();
     Select(pass, linePen, fillBrush);
     pass.font = nullptr;
     pass.saved = 0;
@@ -956,19 +965,40 @@ int vDEVICE::Open(PASS& pass, HGDIOBJ linePen, HGDIOBJ fillBrush)
         pass.saved = SaveDC(pass.dc);
         ExtSelectClipRgn(pass.dc, clip, RGN_AND);
     }
-    pass.bkMode = SetBkMode(pass.dc, transparent() ? TRANSPARENT : OPAQUE);
-    pass.bkColour = SetBkColor(pass.dc, fillSpec.ColourTo().PackedRGB());
-    pass.textColour = SetTextColor(pass.dc, lineSpec.Colour().PackedRGB());
-    pass.fillMode = SetPolyFillMode(pass.dc, fillSpec.Mode() == vFILL_WINDING ? WINDING : ALTERNATE);
+    Settle(pass);
     return 1;
+}
+
+// A lasting context keeps the settings of a pass for the next one, as it
+// keeps the pen and brush, so only a change is set; any other context gets
+// back what the pass found.
+void vDEVICE::Settle(PASS& pass)
+{
+    int bkMode = transparent() ? TRANSPARENT : OPAQUE;
+    COLORREF bkColour = fillSpec.ColourTo().PackedRGB();
+    COLORREF textColour = lineSpec.Colour().PackedRGB();
+    int fillMode = fillSpec.Mode() == vFILL_WINDING ? WINDING : ALTERNATE;
+    if (pass.lasting) {
+        Change(pass.dc, GetBkMode, SetBkMode, bkMode);
+        Change(pass.dc, GetBkColor, SetBkColor, bkColour);
+        Change(pass.dc, GetTextColor, SetTextColor, textColour);
+        Change(pass.dc, GetPolyFillMode, SetPolyFillMode, fillMode);
+        return;
+    }
+    pass.bkMode = SetBkMode(pass.dc, bkMode);
+    pass.bkColour = SetBkColor(pass.dc, bkColour);
+    pass.textColour = SetTextColor(pass.dc, textColour);
+    pass.fillMode = SetPolyFillMode(pass.dc, fillMode);
 }
 
 void vDEVICE::Close(const PASS& pass)
 {
-    SetPolyFillMode(pass.dc, pass.fillMode);
-    SetTextColor(pass.dc, pass.textColour);
-    SetBkColor(pass.dc, pass.bkColour);
-    SetBkMode(pass.dc, pass.bkMode);
+    if (!pass.lasting) {
+        SetPolyFillMode(pass.dc, pass.fillMode);
+        SetTextColor(pass.dc, pass.textColour);
+        SetBkColor(pass.dc, pass.bkColour);
+        SetBkMode(pass.dc, pass.bkMode);
+    }
     if (pass.saved)
         RestoreDC(pass.dc, pass.saved);
     if (pass.pen)
@@ -995,7 +1025,7 @@ int vDEVICE::KeepsSelection()
 // that draws without a pen asks for none and leaves the pen as it is.
 void vDEVICE::Select(PASS& pass, HGDIOBJ linePen, HGDIOBJ fillBrush)
 {
-    if (!KeepsSelection()) {
+    if (!pass.lasting) {
         pass.pen = linePen ? SelectObject(pass.dc, linePen) : nullptr;
         pass.brush = SelectObject(pass.dc, fillBrush);
         return;

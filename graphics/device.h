@@ -194,6 +194,7 @@ private:
     // put back one by one, which costs far less.
     struct PASS {
         HDC dc;
+        int lasting;
         int saved;
         HGDIOBJ pen;
         HGDIOBJ brush;
@@ -205,6 +206,7 @@ private:
     };
 
     int Open(PASS& pass, HGDIOBJ pen, HGDIOBJ brush);
+    void Settle(PASS& pass);
     void Close(const PASS& pass);
     HGDIOBJ Pen();
     HGDIOBJ Brush();

@@ -201,45 +201,16 @@ TEST_F(DrawTest, HatchedFillLeavesTheBackgroundBetweenItsLines)
     EXPECT_LT(green, 40 * 40 / 2);
 }
 
-// A context of its own with a bitmap like the memory device's, and the
-// same stripes of colour on it each time, for mixes to work against.
-class CONTEXT {
-public:
-    CONTEXT()
-    {
-        HDC screen = GetDC(nullptr);
-        dc = CreateCompatibleDC(screen);
-        bitmap = CreateCompatibleBitmap(screen, side, side);
-        ReleaseDC(nullptr, screen);
-        original = SelectObject(dc, bitmap);
+// The same stripes of colour each time, for mixes to work against.
+void Stripes(const ForeignContext& context)
+{
+    for (int band = 0; band < 10; ++band) {
+        HBRUSH brush = CreateSolidBrush(RGB(25 * band, 255 - 20 * band, band % 2 ? 200 : 40));
+        RECT row = {0, band * context.side / 10, context.side, (band + 1) * context.side / 10};
+        FillRect(context.dc, &row, brush);
+        DeleteObject(brush);
     }
-
-    ~CONTEXT()
-    {
-        SelectObject(dc, original);
-        DeleteObject(bitmap);
-        DeleteDC(dc);
-    }
-
-    void Stripes()
-    {
-        for (int band = 0; band < 10; ++band) {
-            HBRUSH brush = CreateSolidBrush(RGB(25 * band, 255 - 20 * band, band % 2 ? 200 : 40));
-            RECT row = {0, band * 10, side, band * 10 + 10};
-            FillRect(dc, &row, brush);
-            DeleteObject(brush);
-        }
-    }
-
-    Pixels Read() const { return Pixels(bitmap, side, side); }
-
-    static const int side = 100;
-    HDC dc;
-
-private:
-    HBITMAP bitmap;
-    HGDIOBJ original;
-};
+}
 
 struct FILLCASE {
     vFILLTYPE type;
@@ -251,15 +222,15 @@ struct FILLCASE {
 // rectangles in order, reversed, empty and of one pixel must come out as the
 // platform's pen-less rectangle one pixel larger each way. The device draws
 // on a context handed in, whose mix mode it leaves alone.
-TEST(FillTest, FillPaintsWhatAPenlessRectanglePaints)
+TEST_F(DrawTest, FillPaintsWhatAPenlessRectanglePaints)
 {
     const FILLCASE fills[] = {{vFILL_SOLID, 0, -1}, {vFILL_HATCH_CROSS, 0, HS_CROSS},
                               {vFILL_HATCH_CROSS, 1, HS_CROSS}};
     const RECT rects[] = {{10, 12, 40, 30}, {40, 30, 10, 12}, {20, 5, 20, 50}, {21, 5, 20, 50}, {60, 60, 61, 61}};
     const COLORREF ink = RGB(90, 160, 30);
     const COLORREF paper = RGB(200, 20, 120);
-    CONTEXT target;
-    CONTEXT reference;
+    ForeignContext target(Side);
+    ForeignContext reference(Side);
     HGDIOBJ originalPen = SelectObject(reference.dc, GetStockObject(NULL_PEN));
     {
         vDEVICEID device(target.dc);
@@ -275,8 +246,8 @@ TEST(FillTest, FillPaintsWhatAPenlessRectanglePaints)
                 HBRUSH brush = fill.hatch < 0 ? CreateSolidBrush(ink) : CreateHatchBrush(fill.hatch, ink);
                 HGDIOBJ before = SelectObject(reference.dc, brush);
                 for (const RECT& rect : rects) {
-                    target.Stripes();
-                    reference.Stripes();
+                    Stripes(target);
+                    Stripes(reference);
                     device.DrawRect(vRECT(rect.left, rect.top, rect.right, rect.bottom));
                     Rectangle(reference.dc, rect.left, rect.top, rect.right + 1, rect.bottom + 1);
                     EXPECT_TRUE(target.Read() == reference.Read())
@@ -288,6 +259,33 @@ TEST(FillTest, FillPaintsWhatAPenlessRectanglePaints)
         }
     }
     SelectObject(reference.dc, originalPen);
+}
+
+// A memory device's context keeps the settings and objects of one pass for
+// the next; whatever else changes them in between, the next pass still draws
+// with its own. The hatch repeats every 8 pixels, so a copy 48 pixels along
+// each way must match to the pixel.
+TEST_F(DrawTest, ALastingContextStillDrawsWithItsOwnSettings)
+{
+    device().LineSpec(Line(Red, 1));
+    device().FillSpec(vFILLSPEC(vFILL_HATCH_CROSS, Colour(Blue), Colour(White), vANGLE(), vFILL_ALTERNATE));
+    device().Transparency(0);
+    device().DrawRect(vRECT(0, 0, 40, 40));
+    HDC dc = device().GetWinDC();
+    SetBkMode(dc, TRANSPARENT);
+    SetBkColor(dc, Green);
+    SetTextColor(dc, Green);
+    SetPolyFillMode(dc, WINDING);
+    SelectObject(dc, GetStockObject(WHITE_PEN));
+    SelectObject(dc, GetStockObject(GRAY_BRUSH));
+    device().DrawRect(vRECT(48, 48, 88, 88));
+    Pixels pixels = Read();
+    int differing = 0;
+    for (int y = 0; y < 40; ++y)
+        for (int x = 0; x < 40; ++x)
+            differing += pixels.At(x, y) != pixels.At(x + 48, y + 48);
+    EXPECT_EQ(differing, 0);
+    EXPECT_GT(pixels.Count(White), 0) << "the gaps of the hatch are painted";
 }
 
 class ClipTest : public SurfaceTest {

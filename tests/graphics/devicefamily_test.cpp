@@ -1,6 +1,12 @@
 #include "graphics/surface.h"
 
+#include <functional>
+#include <utility>
+#include <vector>
+
 #include "base/system.h"
+#include "graphics/deviceid.h"
+#include "graphics/rectshape.h"
 
 using namespace zktest;
 
@@ -76,33 +82,6 @@ TEST_F(ContextTest, WindowDeviceTakesAndGivesBackAContextPerDrawing)
     DestroyWindow(window);
 }
 
-// A context and bitmap of the test's own, as the platform hands them to an
-// owner-drawn item.
-class ForeignContext {
-public:
-    ForeignContext()
-    {
-        HDC screen = GetDC(nullptr);
-        dc = CreateCompatibleDC(screen);
-        bitmap = CreateCompatibleBitmap(screen, 20, 20);
-        ReleaseDC(nullptr, screen);
-        previous = SelectObject(dc, bitmap);
-        PatBlt(dc, 0, 0, 20, 20, BLACKNESS);
-    }
-    ~ForeignContext()
-    {
-        SelectObject(dc, previous);
-        DeleteObject(bitmap);
-        DeleteDC(dc);
-    }
-
-    HDC dc;
-
-private:
-    HBITMAP bitmap;
-    HGDIOBJ previous;
-};
-
 TEST_F(ContextTest, ContextDeviceDrawsOnTheContextAndLeavesItAlive)
 {
     ForeignContext foreign;
@@ -114,6 +93,63 @@ TEST_F(ContextTest, ContextDeviceDrawsOnTheContextAndLeavesItAlive)
     }
     EXPECT_EQ(GetPixel(foreign.dc, 3, 5), Red);
     EXPECT_EQ(GetObjectType(foreign.dc), static_cast<DWORD>(OBJ_MEMDC));
+}
+
+// What a context holds that a pass may change.
+struct CONTEXTSTATE {
+    HGDIOBJ pen, brush, font;
+    int bkMode;
+    COLORREF bkColour, textColour;
+    int fillMode;
+
+    explicit CONTEXTSTATE(HDC dc)
+        : pen(GetCurrentObject(dc, OBJ_PEN)), brush(GetCurrentObject(dc, OBJ_BRUSH)),
+          font(GetCurrentObject(dc, OBJ_FONT)), bkMode(GetBkMode(dc)), bkColour(GetBkColor(dc)),
+          textColour(GetTextColor(dc)), fillMode(GetPolyFillMode(dc))
+    {
+    }
+
+    bool operator==(const CONTEXTSTATE& other) const
+    {
+        return pen == other.pen && brush == other.brush && font == other.font && bkMode == other.bkMode &&
+               bkColour == other.bkColour && textColour == other.textColour && fillMode == other.fillMode;
+    }
+};
+
+// A context handed in belongs to someone else: after every kind of pass it
+// holds what it held before.
+TEST_F(ContextTest, AContextHandedInGetsBackWhatEveryPassChanged)
+{
+    ForeignContext foreign;
+    HPEN pen = CreatePen(PS_DOT, 1, RGB(1, 2, 3));
+    HBRUSH brush = CreateSolidBrush(RGB(4, 5, 6));
+    SelectObject(foreign.dc, pen);
+    SelectObject(foreign.dc, brush);
+    SetBkMode(foreign.dc, TRANSPARENT);
+    SetBkColor(foreign.dc, RGB(7, 8, 9));
+    SetTextColor(foreign.dc, RGB(10, 11, 12));
+    SetPolyFillMode(foreign.dc, WINDING);
+    const CONTEXTSTATE before(foreign.dc);
+    {
+        vDEVICEID device(foreign.dc);
+        device.LineSpec(Line(Red, 2));
+        device.FillSpec(vFILLSPEC(vFILL_HATCH_CROSS, Colour(Blue), Colour(White), vANGLE(), vFILL_ALTERNATE));
+        const std::vector<std::pair<const char*, std::function<int()>>> passes = {
+            {"rectangle", [&] { return device.DrawRect(vRECT(1, 1, 15, 15)); }},
+            {"ellipse", [&] { return device.DrawEllipse(vRECT(2, 2, 12, 12)); }},
+            {"shape", [&] { return device.DrawShape(vRECTSHAPE(vRECT(3, 3, 9, 9))); }},
+            {"line", [&] { return device.DrawLine(vPOINT(0, 0), vPOINT(19, 19)); }},
+            {"text", [&] { return device.DrawTextA(vSTRING("Ab"), vRECT(0, 0, 20, 20), vTEXT_LEFT); }},
+        };
+        for (const auto& pass : passes) {
+            EXPECT_TRUE(pass.second()) << pass.first;
+            EXPECT_TRUE(CONTEXTSTATE(foreign.dc) == before) << pass.first;
+        }
+    }
+    SelectObject(foreign.dc, GetStockObject(BLACK_PEN));
+    SelectObject(foreign.dc, GetStockObject(WHITE_BRUSH));
+    DeleteObject(pen);
+    DeleteObject(brush);
 }
 
 TEST_F(ContextTest, BetweenBeginAndEndDrawingGoesToTheContextHandedIn)

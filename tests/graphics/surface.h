@@ -160,6 +160,40 @@ const COLORREF Blue = RGB(0, 0, 255);
 const COLORREF White = RGB(255, 255, 255);
 const COLORREF Black = RGB(0, 0, 0);
 
+// A context and bitmap of the test's own, black at first, as the platform
+// hands them to an owner-drawn item.
+class ForeignContext {
+public:
+    explicit ForeignContext(int side = 20) : side(side)
+    {
+        HDC screen = GetDC(nullptr);
+        dc = CreateCompatibleDC(screen);
+        bitmap = CreateCompatibleBitmap(screen, side, side);
+        ReleaseDC(nullptr, screen);
+        previous = SelectObject(dc, bitmap);
+        PatBlt(dc, 0, 0, side, side, BLACKNESS);
+    }
+
+    ~ForeignContext()
+    {
+        SelectObject(dc, previous);
+        DeleteObject(bitmap);
+        DeleteDC(dc);
+    }
+
+    Pixels Read() const
+    {
+        return Pixels(bitmap, side, side);
+    }
+
+    const int side;
+    HDC dc;
+
+private:
+    HBITMAP bitmap;
+    HGDIOBJ previous;
+};
+
 // A fixture with a black memory device to draw on, checked for leaks.
 class SurfaceTest : public LeakFreeTest {
 protected:
