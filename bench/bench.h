@@ -28,26 +28,50 @@ inline double Now()
     return static_cast<double>(count.QuadPart) * 1e9 / static_cast<double>(frequency.QuadPart);
 }
 
-// Runs the body, which performs `operations` operations, `repetitions` times.
-template <class Body>
-Measure Time(Body body, unsigned long operations, int repetitions = 7)
+// The median of some runs and their spread: slowest less fastest, as a
+// share of the median.
+inline Measure Summary(std::vector<double> runs)
 {
-    std::vector<double> perOperation;
-    for (int run = 0; run < repetitions; ++run) {
-        double start = Now();
-        body();
-        perOperation.push_back((Now() - start) / static_cast<double>(operations));
+    std::sort(runs.begin(), runs.end());
+    double median = runs[runs.size() / 2];
+    return {median, median > 0 ? (runs.back() - runs.front()) / median : 0};
+}
+
+// Nanoseconds per operation of one run of a body that performs `operations`.
+template <class Body>
+double Once(Body& body, unsigned long operations)
+{
+    double start = Now();
+    body();
+    return (Now() - start) / static_cast<double>(operations);
+}
+
+// Our side and the baseline in the same run, ours and theirs by turns so that
+// a change in the machine's pace meets both alike.
+struct Comparison {
+    Measure ours;
+    Measure theirs;
+    Measure ratio;
+};
+
+// Each turn runs both bodies, each performing `operations` operations; the
+// ratio is the median of the turns' own ratios.
+template <class Ours, class Theirs>
+Comparison Compare(Ours ours, Theirs theirs, unsigned long operations, int turns = 7)
+{
+    std::vector<double> mine, base, ratios;
+    for (int turn = 0; turn < turns; ++turn) {
+        mine.push_back(Once(ours, operations));
+        base.push_back(Once(theirs, operations));
+        ratios.push_back(base.back() > 0 ? mine.back() / base.back() : 0);
     }
-    std::sort(perOperation.begin(), perOperation.end());
-    double median = perOperation[perOperation.size() / 2];
-    return {median, median > 0 ? (perOperation.back() - perOperation.front()) / median : 0};
+    return {Summary(mine), Summary(base), Summary(ratios)};
 }
 
 struct Row {
     std::string name;
     std::string baseline;
-    Measure ours;
-    Measure theirs;
+    Comparison figures;
 };
 
 inline std::vector<Row>& Rows()
@@ -56,22 +80,22 @@ inline std::vector<Row>& Rows()
     return rows;
 }
 
-inline void Record(const std::string& name, const std::string& baseline, Measure ours, Measure theirs)
+inline void Record(const std::string& name, const std::string& baseline, const Comparison& figures)
 {
-    Rows().push_back({name, baseline, ours, theirs});
+    Rows().push_back({name, baseline, figures});
 }
 
 // The table for a person, then one line per row for a script.
 inline void Print()
 {
-    std::printf("%-28s %-26s %12s %12s %8s %8s\n", "measured", "baseline", "ours ns/op", "base ns/op", "ratio",
+    std::printf("%-30s %-28s %12s %12s %8s %8s\n", "measured", "baseline", "ours ns/op", "base ns/op", "ratio",
                 "spread");
     for (const Row& row : Rows())
-        std::printf("%-28s %-26s %12.1f %12.1f %8.2f %7.0f%%\n", row.name.c_str(), row.baseline.c_str(),
-                    row.ours.median, row.theirs.median, row.ours.median / row.theirs.median,
-                    100 * std::max(row.ours.spread, row.theirs.spread));
+        std::printf("%-30s %-28s %12.1f %12.1f %8.2f %7.0f%%\n", row.name.c_str(), row.baseline.c_str(),
+                    row.figures.ours.median, row.figures.theirs.median, row.figures.ratio.median,
+                    100 * row.figures.ratio.spread);
     for (const Row& row : Rows())
-        std::printf("bench %s ratio=%.2f\n", row.name.c_str(), row.ours.median / row.theirs.median);
+        std::printf("bench %s ratio=%.2f\n", row.name.c_str(), row.figures.ratio.median);
 }
 
 // Keeps the optimiser from dropping work whose result nothing reads.

@@ -55,53 +55,47 @@ void Rectangles()
     vMEMDEVICE device(Surface());
     device.LineSpec(vLINESPEC(vLINE_SOLID, Colour(RGB(200, 0, 0)), vINT(1), vCORNER_MITRE, vDASH_SOLID, nullptr));
     device.FillSpec(vFILLSPEC(vFILL_SOLID, Colour(RGB(0, 0, 200)), vCOLOUR(), vANGLE(), vFILL_ALTERNATE));
-    zkbench::Measure ours = zkbench::Time([&device] {
-        for (unsigned long n = 0; n < shapes; ++n)
-            device.DrawRect(Box(n));
-    }, shapes);
-
     PlainSurface plain;
     HPEN pen = CreatePen(PS_SOLID, 1, RGB(200, 0, 0));
     HBRUSH brush = CreateSolidBrush(RGB(0, 0, 200));
     HGDIOBJ oldPen = SelectObject(plain.dc, pen);
     HGDIOBJ oldBrush = SelectObject(plain.dc, brush);
-    zkbench::Measure theirs = zkbench::Time([&plain] {
+    zkbench::Record("draw.rect", "Rectangle, pre-made pen", zkbench::Compare([&device] {
+        for (unsigned long n = 0; n < shapes; ++n)
+            device.DrawRect(Box(n));
+    }, [&plain] {
         for (unsigned long n = 0; n < shapes; ++n) {
             vRECT box = Box(n);
             Rectangle(plain.dc, box.Left()(), box.Top()(), box.Right()(), box.Bottom()());
         }
-    }, shapes);
+    }, shapes));
     SelectObject(plain.dc, oldPen);
     SelectObject(plain.dc, oldBrush);
     DeleteObject(pen);
     DeleteObject(brush);
-    zkbench::Record("draw.rect", "Rectangle, pre-made pen", ours, theirs);
 }
 
 void Lines()
 {
     vMEMDEVICE device(Surface());
     device.LineSpec(vLINESPEC(vLINE_SOLID, Colour(RGB(0, 160, 0)), vINT(2), vCORNER_MITRE, vDASH_SOLID, nullptr));
-    zkbench::Measure ours = zkbench::Time([&device] {
+    PlainSurface plain;
+    HPEN pen = CreatePen(PS_SOLID, 2, RGB(0, 160, 0));
+    HGDIOBJ oldPen = SelectObject(plain.dc, pen);
+    zkbench::Record("draw.line", "MoveToEx+LineTo", zkbench::Compare([&device] {
         for (unsigned long n = 0; n < shapes; ++n) {
             vRECT box = Box(n);
             device.DrawLine(box.TopLeft(), box.BottomRight());
         }
-    }, shapes);
-
-    PlainSurface plain;
-    HPEN pen = CreatePen(PS_SOLID, 2, RGB(0, 160, 0));
-    HGDIOBJ oldPen = SelectObject(plain.dc, pen);
-    zkbench::Measure theirs = zkbench::Time([&plain] {
+    }, [&plain] {
         for (unsigned long n = 0; n < shapes; ++n) {
             vRECT box = Box(n);
             MoveToEx(plain.dc, box.Left()(), box.Top()(), nullptr);
             LineTo(plain.dc, box.Right()(), box.Bottom()());
         }
-    }, shapes);
+    }, shapes));
     SelectObject(plain.dc, oldPen);
     DeleteObject(pen);
-    zkbench::Record("draw.line", "MoveToEx+LineTo", ours, theirs);
 }
 
 void Texts()
@@ -110,26 +104,23 @@ void Texts()
     vMEMDEVICE device(Surface());
     device.LineSpec(vLINESPEC(vLINE_SOLID, Colour(RGB(255, 255, 255)), vINT(1), vCORNER_MITRE, vDASH_SOLID, nullptr));
     device.FontSpec(vFONTSPEC(vSTRING("Arial"), vFONT_NORMAL, vINT(14), vREAL(1), 100, vFONT_PIXELS, vANGLE()));
-    zkbench::Measure ours = zkbench::Time([&] {
-        for (unsigned long n = 0; n < texts; ++n)
-            device.DrawTextA(text, Box(n), vTEXT_CENTRE);
-    }, texts);
-
     PlainSurface plain;
     HFONT font = CreateFontA(-14, 0, 0, 0, FW_NORMAL, 0, 0, 0, ANSI_CHARSET, 0, 0, 0, 0, "Arial");
     HGDIOBJ oldFont = SelectObject(plain.dc, font);
     SetTextColor(plain.dc, RGB(255, 255, 255));
     SetBkMode(plain.dc, TRANSPARENT);
-    zkbench::Measure theirs = zkbench::Time([&] {
+    zkbench::Record("draw.text", "DrawTextA, pre-made font", zkbench::Compare([&] {
+        for (unsigned long n = 0; n < texts; ++n)
+            device.DrawTextA(text, Box(n), vTEXT_CENTRE);
+    }, [&] {
         for (unsigned long n = 0; n < texts; ++n) {
             vRECT box = Box(n);
             RECT area = {box.Left()(), box.Top()(), box.Right()(), box.Bottom()()};
             DrawTextA(plain.dc, text(), text.Length(), &area, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
         }
-    }, texts);
+    }, texts));
     SelectObject(plain.dc, oldFont);
     DeleteObject(font);
-    zkbench::Record("draw.text", "DrawTextA, pre-made font", ours, theirs);
 }
 
 }  // namespace

@@ -110,15 +110,15 @@ void BenchImages()
 {
     const std::string path = PicturePath();
     WritePicture(path);
-    zkbench::Measure plain = zkbench::Time([&] { RawRead(path); }, 1, repetitions);
     unsigned long memoryPeak = 0;
     unsigned long streamPeak = 0;
-    zkbench::Measure memory = zkbench::Time([&] { memoryPeak = MemoryRead(path); }, 1, repetitions);
-    zkbench::Measure stream = zkbench::Time([&] { streamPeak = StreamRead(path); }, 1, repetitions);
-    zkbench::Measure bands = zkbench::Time([&] { RawBands(path); }, 1, repetitions);
-    zkbench::Record("dib.read.memdib", "ReadFile into a new block", memory, plain);
-    zkbench::Record("dib.read.streamdib", "ReadFile into a new block", stream, plain);
-    zkbench::Record("dib.read.streamdib.bands", "ReadFile of the same bands", stream, bands);
+    auto plain = [&] { RawRead(path); };
+    auto stream = [&] { streamPeak = StreamRead(path); };
+    zkbench::Record("dib.read.memdib", "ReadFile into a new block",
+                    zkbench::Compare([&] { memoryPeak = MemoryRead(path); }, plain, 1, repetitions));
+    zkbench::Record("dib.read.streamdib", "ReadFile into a new block", zkbench::Compare(stream, plain, 1, repetitions));
+    zkbench::Record("dib.read.streamdib.bands", "ReadFile of the same bands",
+                    zkbench::Compare(stream, [&] { RawBands(path); }, 1, repetitions));
     std::printf("bench dib.read.streamdib peak=%lu bytes (oMEMDIB holds %lu, the file is %lu)\n", streamPeak,
                 memoryPeak, fileBytes);
     DeleteFileA(path.c_str());

@@ -62,15 +62,13 @@ vRECT Area()
 
 void OneMessage(const char* name, UINT message, WPARAM wParam, LPARAM lParam, HWND ours, HWND raw)
 {
-    zkbench::Measure mine = zkbench::Time([=] {
+    zkbench::Record(name, "raw window procedure", zkbench::Compare([=] {
         for (unsigned long n = 0; n < messages; ++n)
             SendMessageA(ours, message, wParam, lParam);
-    }, messages);
-    zkbench::Measure theirs = zkbench::Time([=] {
+    }, [=] {
         for (unsigned long n = 0; n < messages; ++n)
             SendMessageA(raw, message, wParam, lParam);
-    }, messages);
-    zkbench::Record(name, "raw window procedure", mine, theirs);
+    }, messages));
 }
 
 void Dispatch(const vAPP& app, HWND frame)
@@ -91,17 +89,15 @@ void WindowLife(const vAPP& app)
 {
     COUNTER* parent = new COUNTER(app, Area());
     HWND parentHandle = (*parent)();
-    zkbench::Measure mine = zkbench::Time([parent] {
+    HINSTANCE library = vSYSTEM::Pointer()->GetInstance();
+    zkbench::Record("window.life", "CreateWindowExA+DestroyWindow", zkbench::Compare([parent] {
         for (unsigned long n = 0; n < windows; ++n)
             DestroyWindow((*new COUNTER(*parent, Area()))());
-    }, windows, 5);
-    HINSTANCE library = vSYSTEM::Pointer()->GetInstance();
-    zkbench::Measure theirs = zkbench::Time([=] {
+    }, [=] {
         for (unsigned long n = 0; n < windows; ++n)
             DestroyWindow(CreateWindowExA(0, "GENERIC", nullptr, WS_CHILD | WS_CLIPSIBLINGS | WS_CLIPCHILDREN, 0, 0,
                                           100, 100, parentHandle, nullptr, library, nullptr));
-    }, windows, 5);
-    zkbench::Record("window.life", "CreateWindowExA+DestroyWindow", mine, theirs);
+    }, windows, 5));
     DestroyWindow(parentHandle);
 }
 

@@ -34,17 +34,15 @@ struct FilledLists {
 
 void Append()
 {
-    zkbench::Measure ours = zkbench::Time([] {
+    zkbench::Record("lists.append", "std::list push_back", zkbench::Compare([] {
         fLIST list;
         for (vINT& object : Objects())
             list.Append(object);
-    }, items);
-    zkbench::Measure theirs = zkbench::Time([] {
+    }, [] {
         std::list<const vOBJECT*> list;
         for (vINT& object : Objects())
             list.push_back(&object);
-    }, items);
-    zkbench::Record("lists.append", "std::list push_back", ours, theirs);
+    }, items));
 }
 
 void Search()
@@ -52,34 +50,30 @@ void Search()
     FilledLists lists;
     fLIST& list = lists.ours;
     std::list<const vOBJECT*>& reference = lists.reference;
-    zkbench::Measure ours = zkbench::Time([&list] {
+    zkbench::Record("lists.search", "std::find on std::list", zkbench::Compare([&list] {
         for (unsigned long n = 0; n < searches; ++n)
             zkbench::Keep(list.Search(Objects()[items - 1 - n]));
-    }, searches * items / 2);
-    zkbench::Measure theirs = zkbench::Time([&reference] {
+    }, [&reference] {
         for (unsigned long n = 0; n < searches; ++n)
             zkbench::Keep(std::find(reference.begin(), reference.end(), &Objects()[items - 1 - n]) != reference.end());
-    }, searches * items / 2);
-    zkbench::Record("lists.search", "std::find on std::list", ours, theirs);
+    }, searches * items / 2));
 }
 
 void RemoveInOrder()
 {
-    zkbench::Measure ours = zkbench::Time([] {
+    zkbench::Record("lists.append+remove", "std::list push_back+erase", zkbench::Compare([] {
         fLIST list;
         for (vINT& object : Objects())
             list.Append(object);
         for (vINT& object : Objects())
             list.Remove(object);
-    }, 2 * items);
-    zkbench::Measure theirs = zkbench::Time([] {
+    }, [] {
         std::list<const vOBJECT*> list;
         for (vINT& object : Objects())
             list.push_back(&object);
         for (vINT& object : Objects())
             list.erase(std::find(list.begin(), list.end(), &object));
-    }, 2 * items);
-    zkbench::Record("lists.append+remove", "std::list push_back+erase", ours, theirs);
+    }, 2 * items));
 }
 
 void Walk()
@@ -87,19 +81,17 @@ void Walk()
     FilledLists lists;
     fLIST& list = lists.ours;
     std::list<const vOBJECT*>& reference = lists.reference;
-    zkbench::Measure ours = zkbench::Time([&list] {
+    zkbench::Record("lists.walk", "std::list iteration", zkbench::Compare([&list] {
         long sum = 0;
         for (fLINK* link = list.Next(nullptr); link; link = list.Next(link))
             sum += static_cast<vINT*>(link->Object())->operator()();
         zkbench::Keep(sum);
-    }, items);
-    zkbench::Measure theirs = zkbench::Time([&reference] {
+    }, [&reference] {
         long sum = 0;
         for (const vOBJECT* object : reference)
             sum += static_cast<const vINT*>(object)->operator()();
         zkbench::Keep(sum);
-    }, items);
-    zkbench::Record("lists.walk", "std::list iteration", ours, theirs);
+    }, items));
 }
 
 }  // namespace

@@ -12,15 +12,13 @@ const unsigned long batch = 1000;
 void AllocateAndFreeEach()
 {
     HANDLE heap = GetProcessHeap();
-    zkbench::Measure ours = zkbench::Time([] {
+    zkbench::Record("memory.pair", "HeapAlloc+HeapFree", zkbench::Compare([] {
         for (unsigned long n = 0; n < pairs; ++n)
             vMemFree(vMemAlloc(32 + (n & 31)));
-    }, pairs);
-    zkbench::Measure theirs = zkbench::Time([heap] {
+    }, [heap] {
         for (unsigned long n = 0; n < pairs; ++n)
             HeapFree(heap, 0, HeapAlloc(heap, 0, 32 + (n & 31)));
-    }, pairs);
-    zkbench::Record("memory.pair", "HeapAlloc+HeapFree", ours, theirs);
+    }, pairs));
 }
 
 // A thousand blocks alive at once, freed in the order they were made.
@@ -29,23 +27,21 @@ void AllocateBatches()
     HANDLE heap = GetProcessHeap();
     std::vector<void*> blocks(batch);
     const unsigned long rounds = pairs / batch;
-    zkbench::Measure ours = zkbench::Time([&] {
+    zkbench::Record("memory.batch", "HeapAlloc+HeapFree", zkbench::Compare([&] {
         for (unsigned long round = 0; round < rounds; ++round) {
             for (unsigned long n = 0; n < batch; ++n)
                 blocks[n] = vMemAlloc(16 + (n & 63));
             for (void* block : blocks)
                 vMemFree(block);
         }
-    }, pairs);
-    zkbench::Measure theirs = zkbench::Time([&] {
+    }, [&] {
         for (unsigned long round = 0; round < rounds; ++round) {
             for (unsigned long n = 0; n < batch; ++n)
                 blocks[n] = HeapAlloc(heap, 0, 16 + (n & 63));
             for (void* block : blocks)
                 HeapFree(heap, 0, block);
         }
-    }, pairs);
-    zkbench::Record("memory.batch", "HeapAlloc+HeapFree", ours, theirs);
+    }, pairs));
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include <cstring>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -27,14 +28,14 @@ std::string TemporaryPath()
 // The plain platform file, opened and closed inside the measure as the
 // stream's is, written or read in pieces of the given size.
 template <class Body>
-zkbench::Measure TimePlain(const std::string& path, DWORD disposition, unsigned long operations, Body body)
+std::function<void()> Plain(const std::string& path, DWORD disposition, Body body)
 {
-    return zkbench::Time([&] {
+    return [path, disposition, body] {
         HANDLE file = CreateFileA(path.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, disposition,
                                   FILE_ATTRIBUTE_NORMAL, nullptr);
         body(file);
         CloseHandle(file);
-    }, operations);
+    };
 }
 
 void WritePieces(HANDLE file, const unsigned char* data, unsigned long bytes, unsigned long piece)
@@ -66,46 +67,46 @@ void MemoryBlocks()
     std::vector<unsigned char> target(MemoryBytes);
     vMEMSTREAM stream;
     Prefill(stream, MemoryBytes);
-    zkbench::Measure writes = zkbench::Time([&] {
+    auto writes = [&] {
         stream.MoveFromStart(0);
         for (unsigned long done = 0; done < MemoryBytes; done += BlockSize)
             stream.WriteBlock(source.data(), BlockSize);
-    }, MemoryBlockCount);
-    zkbench::Measure copies = zkbench::Time([&] {
+    };
+    auto copies = [&] {
         for (unsigned long done = 0; done < MemoryBytes; done += BlockSize)
             std::memcpy(target.data() + done, source.data(), BlockSize);
         zkbench::Keep(target);
-    }, MemoryBlockCount);
-    zkbench::Record("stream.mem.block.write", "memcpy", writes, copies);
+    };
+    zkbench::Record("stream.mem.block.write", "memcpy", zkbench::Compare(writes, copies, MemoryBlockCount));
 
-    zkbench::Measure reads = zkbench::Time([&] {
+    auto reads = [&] {
         stream.MoveFromStart(0);
         for (unsigned long done = 0; done < MemoryBytes; done += BlockSize)
             stream.ReadByteString(target.data() + done, BlockSize);
         zkbench::Keep(target);
-    }, MemoryBlockCount);
+    };
     // From a source as large as the stream's bytes, so that both copies
     // meet the same caches.
     std::vector<unsigned char> whole(MemoryBytes, 0x5A);
-    zkbench::Measure wholeCopies = zkbench::Time([&] {
+    auto wholeCopies = [&] {
         std::memcpy(target.data(), whole.data(), MemoryBytes);
         zkbench::Keep(target);
-    }, MemoryBlockCount);
-    zkbench::Record("stream.mem.block.read", "memcpy", reads, wholeCopies);
+    };
+    zkbench::Record("stream.mem.block.read", "memcpy", zkbench::Compare(reads, wholeCopies, MemoryBlockCount));
 
-    zkbench::Measure grows = zkbench::Time([&] {
+    auto grows = [&] {
         vMEMSTREAM fresh;
         for (unsigned long done = 0; done < MemoryBytes; done += BlockSize)
             fresh.WriteBlock(source.data(), BlockSize);
         zkbench::Keep(fresh.Size());
-    }, MemoryBlockCount);
-    zkbench::Measure appends = zkbench::Time([&] {
+    };
+    auto appends = [&] {
         std::vector<unsigned char> fresh;
         for (unsigned long done = 0; done < MemoryBytes; done += BlockSize)
             fresh.insert(fresh.end(), source.begin(), source.end());
         zkbench::Keep(fresh);
-    }, MemoryBlockCount);
-    zkbench::Record("stream.mem.block.grow", "std::vector insert", grows, appends);
+    };
+    zkbench::Record("stream.mem.block.grow", "std::vector insert", zkbench::Compare(grows, appends, MemoryBlockCount));
 }
 
 // One long at a time: the virtual call and the bounds test against a copy
@@ -115,27 +116,27 @@ void MemoryPrimitives()
     std::vector<unsigned char> target(MemoryLongs * 4);
     vMEMSTREAM stream;
     Prefill(stream, MemoryLongs * 4);
-    zkbench::Measure writes = zkbench::Time([&] {
+    auto writes = [&] {
         stream.MoveFromStart(0);
         for (unsigned long n = 0; n < MemoryLongs; ++n)
             stream.WriteULong(n);
-    }, MemoryLongs);
-    zkbench::Measure copies = zkbench::Time([&] {
+    };
+    auto copies = [&] {
         unsigned char* at = target.data();
         for (unsigned long n = 0; n < MemoryLongs; ++n, at += 4)
             std::memcpy(at, &n, 4);
         zkbench::Keep(target);
-    }, MemoryLongs);
-    zkbench::Record("stream.mem.ulong.write", "memcpy 4 bytes", writes, copies);
+    };
+    zkbench::Record("stream.mem.ulong.write", "memcpy 4 bytes", zkbench::Compare(writes, copies, MemoryLongs));
 
-    zkbench::Measure reads = zkbench::Time([&] {
+    auto reads = [&] {
         stream.MoveFromStart(0);
         unsigned long sum = 0;
         for (unsigned long n = 0; n < MemoryLongs; ++n)
             sum += stream.ReadULong();
         zkbench::Keep(sum);
-    }, MemoryLongs);
-    zkbench::Measure plain = zkbench::Time([&] {
+    };
+    auto plain = [&] {
         const unsigned char* at = target.data();
         unsigned long sum = 0;
         for (unsigned long n = 0; n < MemoryLongs; ++n, at += 4) {
@@ -144,8 +145,8 @@ void MemoryPrimitives()
             sum += value;
         }
         zkbench::Keep(sum);
-    }, MemoryLongs);
-    zkbench::Record("stream.mem.ulong.read", "memcpy 4 bytes", reads, plain);
+    };
+    zkbench::Record("stream.mem.ulong.read", "memcpy 4 bytes", zkbench::Compare(reads, plain, MemoryLongs));
 }
 
 // A whole file in blocks, opened and closed inside the measure on both sides.
@@ -153,25 +154,26 @@ void FileBlocks(const std::string& path)
 {
     std::vector<unsigned char> data(FileBytes, 0xA5);
     vSTRING name("%s", path.c_str());
-    zkbench::Measure writes = zkbench::Time([&] {
+    auto writes = [&] {
         vFILE file(name, vSTREAM_CREATE);
         for (unsigned long done = 0; done < FileBytes; done += BlockSize)
             file.WriteBlock(data.data() + done, BlockSize);
-    }, FileBlockCount);
-    zkbench::Measure plainWrites = TimePlain(path, CREATE_ALWAYS, FileBlockCount, [&](HANDLE file) {
+    };
+    auto plainWrites = Plain(path, CREATE_ALWAYS, [&](HANDLE file) {
         WritePieces(file, data.data(), FileBytes, BlockSize);
     });
-    zkbench::Record("stream.file.block.write", "WriteFile blocks", writes, plainWrites);
+    zkbench::Record("stream.file.block.write", "WriteFile blocks",
+                    zkbench::Compare(writes, plainWrites, FileBlockCount));
 
-    zkbench::Measure reads = zkbench::Time([&] {
+    auto reads = [&] {
         vFILE file(name, vSTREAM_READ);
         for (unsigned long done = 0; done < FileBytes; done += BlockSize)
             file.ReadByteString(data.data() + done, BlockSize);
-    }, FileBlockCount);
-    zkbench::Measure plainReads = TimePlain(path, OPEN_EXISTING, FileBlockCount, [&](HANDLE file) {
+    };
+    auto plainReads = Plain(path, OPEN_EXISTING, [&](HANDLE file) {
         ReadPieces(file, data.data(), FileBytes, BlockSize);
     });
-    zkbench::Record("stream.file.block.read", "ReadFile blocks", reads, plainReads);
+    zkbench::Record("stream.file.block.read", "ReadFile blocks", zkbench::Compare(reads, plainReads, FileBlockCount));
 }
 
 // One long at a time against the platform asked for the same four bytes
@@ -185,27 +187,31 @@ void FilePrimitives(const std::string& path)
     unsigned char* bytes = reinterpret_cast<unsigned char*>(longs.data());
     const unsigned long size = FileLongs * 4;
 
-    zkbench::Measure writes = zkbench::Time([&] {
+    auto writes = [&] {
         vFILE file(name, vSTREAM_CREATE);
         for (unsigned long n = 0; n < FileLongs; ++n)
             file.WriteULong(n);
-    }, FileLongs);
-    zkbench::Record("stream.file.ulong.write.each", "WriteFile each 4 bytes", writes,
-                    TimePlain(path, CREATE_ALWAYS, FileLongs, [&](HANDLE file) { WritePieces(file, bytes, size, 4); }));
-    zkbench::Record("stream.file.ulong.write.whole", "WriteFile all at once", writes,
-                    TimePlain(path, CREATE_ALWAYS, FileLongs, [&](HANDLE file) { WritePieces(file, bytes, size, size); }));
+    };
+    auto writeEach = Plain(path, CREATE_ALWAYS, [&](HANDLE file) { WritePieces(file, bytes, size, 4); });
+    auto writeWhole = Plain(path, CREATE_ALWAYS, [&](HANDLE file) { WritePieces(file, bytes, size, size); });
+    zkbench::Record("stream.file.ulong.write.each", "WriteFile each 4 bytes",
+                    zkbench::Compare(writes, writeEach, FileLongs));
+    zkbench::Record("stream.file.ulong.write.whole", "WriteFile all at once",
+                    zkbench::Compare(writes, writeWhole, FileLongs));
 
-    zkbench::Measure reads = zkbench::Time([&] {
+    auto reads = [&] {
         vFILE file(name, vSTREAM_READ);
         unsigned long sum = 0;
         for (unsigned long n = 0; n < FileLongs; ++n)
             sum += file.ReadULong();
         zkbench::Keep(sum);
-    }, FileLongs);
-    zkbench::Record("stream.file.ulong.read.each", "ReadFile each 4 bytes", reads,
-                    TimePlain(path, OPEN_EXISTING, FileLongs, [&](HANDLE file) { ReadPieces(file, bytes, size, 4); }));
-    zkbench::Record("stream.file.ulong.read.whole", "ReadFile all at once", reads,
-                    TimePlain(path, OPEN_EXISTING, FileLongs, [&](HANDLE file) { ReadPieces(file, bytes, size, size); }));
+    };
+    auto readEach = Plain(path, OPEN_EXISTING, [&](HANDLE file) { ReadPieces(file, bytes, size, 4); });
+    auto readWhole = Plain(path, OPEN_EXISTING, [&](HANDLE file) { ReadPieces(file, bytes, size, size); });
+    zkbench::Record("stream.file.ulong.read.each", "ReadFile each 4 bytes",
+                    zkbench::Compare(reads, readEach, FileLongs));
+    zkbench::Record("stream.file.ulong.read.whole", "ReadFile all at once",
+                    zkbench::Compare(reads, readWhole, FileLongs));
 }
 
 }  // namespace

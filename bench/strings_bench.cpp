@@ -20,15 +20,13 @@ std::string PlainPath(unsigned long n)
 
 void Format()
 {
-    zkbench::Measure ours = zkbench::Time([] {
+    zkbench::Record("strings.format", "snprintf into std::string", zkbench::Compare([] {
         for (unsigned long n = 0; n < paths; ++n)
             zkbench::Keep(vSTRING(format, n % 97, n));
-    }, paths);
-    zkbench::Measure theirs = zkbench::Time([] {
+    }, [] {
         for (unsigned long n = 0; n < paths; ++n)
             zkbench::Keep(PlainPath(n));
-    }, paths);
-    zkbench::Record("strings.format", "snprintf into std::string", ours, theirs);
+    }, paths));
 }
 
 void Concatenate()
@@ -37,15 +35,13 @@ void Concatenate()
     vSTRING name("IMAGE.BMP");
     std::string plainDirectory = directory();
     std::string plainName = name();
-    zkbench::Measure ours = zkbench::Time([&] {
+    zkbench::Record("strings.concatenate", "std::string operator+", zkbench::Compare([&] {
         for (unsigned long n = 0; n < paths; ++n)
             zkbench::Keep(directory + name);
-    }, paths);
-    zkbench::Measure theirs = zkbench::Time([&] {
+    }, [&] {
         for (unsigned long n = 0; n < paths; ++n)
             zkbench::Keep(plainDirectory + plainName);
-    }, paths);
-    zkbench::Record("strings.concatenate", "std::string operator+", ours, theirs);
+    }, paths));
 }
 
 // The second field between backslashes, as the directory lists read paths.
@@ -66,15 +62,13 @@ void DelimitedField()
     vSTRING path(format, 42UL, 4242UL);
     std::string plain = path();
     vCHAR backslash('\\');
-    zkbench::Measure ours = zkbench::Time([&] {
+    zkbench::Record("strings.delimited", "find+substr on std::string", zkbench::Compare([&] {
         for (unsigned long n = 0; n < paths; ++n)
             zkbench::Keep(path.GetDelimitedSubString(backslash, 2));
-    }, paths);
-    zkbench::Measure theirs = zkbench::Time([&] {
+    }, [&] {
         for (unsigned long n = 0; n < paths; ++n)
             zkbench::Keep(PlainField(plain, '\\', 2));
-    }, paths);
-    zkbench::Record("strings.delimited", "find+substr on std::string", ours, theirs);
+    }, paths));
 }
 
 // Cuts the extension off a copy of the path, as a filter matches a file.
@@ -83,13 +77,12 @@ void RemoveExtension()
     vSTRING path(format, 42UL, 4242UL);
     std::string plain = path();
     vCHAR point('.');
-    zkbench::Measure ours = zkbench::Time([&] {
+    zkbench::Record("strings.removefromend", "rfind+substr+erase", zkbench::Compare([&] {
         for (unsigned long n = 0; n < paths; ++n) {
             vSTRING copy(path);
             zkbench::Keep(copy.RemoveFromEnd(point));
         }
-    }, paths);
-    zkbench::Measure theirs = zkbench::Time([&] {
+    }, [&] {
         for (unsigned long n = 0; n < paths; ++n) {
             std::string copy(plain);
             size_t cut = copy.rfind('.');
@@ -97,8 +90,7 @@ void RemoveExtension()
             copy.erase(cut);
             zkbench::Keep(extension);
         }
-    }, paths);
-    zkbench::Record("strings.removefromend", "rfind+substr+erase", ours, theirs);
+    }, paths));
 }
 
 }  // namespace

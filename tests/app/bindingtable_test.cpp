@@ -214,7 +214,8 @@ int OverflowInChild(const std::vector<std::string>&)
     unsigned n = 0;
     BindingTable::Binding found{};
     for (; BindingTable::Find(FakeHandle(90000), found) == BindingTable::ABSENT && n < 20000; ++n)
-        BindingTable::Add(FakeHandle(n), BindingTable::Binding{reinterpret_cast<vWIN*>(static_cast<UINT_PTR>(0x1000 + n)), nullptr});
+        BindingTable::Add(FakeHandle(n),
+                          BindingTable::Binding{reinterpret_cast<vWIN*>(static_cast<UINT_PTR>(0x1000 + n)), nullptr});
     zktest::Report(BindingTable::Find(FakeHandle(90000), found) == BindingTable::UNKNOWN ? "unknown" : "absent");
     RECORDER late(wintest::SharedTop(), vRECT(0, 0, 5, 5), "late");
     zktest::Report(RECORDER::Instance(late()) == &late ? "found late" : "lost late");
