@@ -92,14 +92,15 @@ BindingTable::Answer BindingTable::Find(HWND window, Binding& binding)
 
 // A window's identifier and parent are read from the platform each time, as
 // either may have changed since the window was bound; for this process's own
-// windows both reads stay in the process.
+// windows both reads stay in the process. The parent itself, usually a
+// member, is never its own child and costs no read.
 BindingTable::Answer BindingTable::FindChild(HWND parent, int id)
 {
     if (overflowed || used > ScanLimit)
         return UNKNOWN;
     for (unsigned member = 0; member < used; ++member) {
         HWND window = members[member];
-        if (GetWindowLongPtrA(window, GWLP_ID) == id && GetAncestor(window, GA_PARENT) == parent)
+        if (window != parent && GetWindowLongPtrA(window, GWLP_ID) == id && GetAncestor(window, GA_PARENT) == parent)
             return FOUND;
     }
     return ABSENT;

@@ -765,13 +765,25 @@ void vDEVICE::EndDraw()
     current = nullptr;
 }
 
+// With as many logical units to the inch as device units both ways, the
+// usual case, a point maps by the origin alone: the scaling through reals
+// would give each value back unchanged.
+int vDEVICE::OneToOne()
+{
+    return LogUnitsPerHorzInch() == DevUnitsPerHorzInch() && LogUnitsPerVertInch() == DevUnitsPerVertInch();
+}
+
 vPOINT vDEVICE::LPtoDP(const vPOINT& point)
 {
+    if (OneToOne())
+        return vPOINT(point.x - origin.x, point.y - origin.y);
     return vPOINT(Across(point.x - origin.x, 1).Floor(), Down(point.y - origin.y, 1).Floor());
 }
 
 vRECT vDEVICE::LPtoDP(const vRECT& rect)
 {
+    if (OneToOne())
+        return vRECT(rect.Left() - origin.x, rect.Top() - origin.y, rect.Right() - origin.x, rect.Bottom() - origin.y);
     return vRECT(Across(rect.Left() - origin.x, 1).Floor(), Down(rect.Top() - origin.y, 1).Floor(),
                  Across(rect.Right() - origin.x, 1).Ceil(), Down(rect.Bottom() - origin.y, 1).Ceil());
 }

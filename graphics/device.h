@@ -230,6 +230,7 @@ private:
     void CopyStack(const fSTACK& from, const fLINK* link);
 
     int Measure(int index);
+    int OneToOne();
     vREAL Across(const vINT& value, int toDevice);
     vREAL Down(const vINT& value, int toDevice);
     int TracePath(HDC dc, const vSHAPE& shape);

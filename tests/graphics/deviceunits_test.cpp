@@ -36,6 +36,9 @@ TEST_F(UnitsTest, OneLogicalUnitIsOneDeviceUnitUntilToldOtherwise)
     EXPECT_EQ(device().LogUnitsPerHorzInch()(), device().DevUnitsPerHorzInch()());
     EXPECT_EQ(device().LogUnitsPerVertInch()(), device().DevUnitsPerVertInch()());
     ExpectPoint(device().LPtoDP(vPOINT(-7, 13)), -7, 13);
+    // Beyond what a real holds, one to one still maps exactly.
+    ExpectPoint(device().LPtoDP(vPOINT(40000, -40000)), 40000, -40000);
+    ExpectRect(device().LPtoDP(vRECT(-40000, 5, 40000, 70000)), -40000, 5, 40000, 70000);
     Halves(4);
     device().LogUnitsPerHorzInch(0);
     device().LogUnitsPerVertInch(0);
