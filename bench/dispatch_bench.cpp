@@ -1,5 +1,7 @@
 #include <zkshell.h>
 
+#include <vector>
+
 #include "bench/bench.h"
 
 namespace {
@@ -71,6 +73,18 @@ void OneMessage(const char* name, UINT message, WPARAM wParam, LPARAM lParam, HW
     }, messages));
 }
 
+// A command that no child sent, to a window with twenty bound children: the
+// look for a bound child with the identifier reads each one's identifier.
+void Crowded(const COUNTER& window, HWND raw)
+{
+    std::vector<COUNTER*> children;
+    for (int n = 0; n < 20; ++n)
+        children.push_back(new COUNTER(window, Area()));
+    OneMessage("dispatch.command.20children", WM_COMMAND, 1234, 0, window(), raw);
+    for (COUNTER* child : children)
+        DestroyWindow((*child)());
+}
+
 void Dispatch(const vAPP& app, HWND frame)
 {
     COUNTER* window = new COUNTER(app, Area());
@@ -80,6 +94,7 @@ void Dispatch(const vAPP& app, HWND frame)
     OneMessage("dispatch.mousemove", WM_MOUSEMOVE, 0, MAKELPARAM(10, 20), ours, raw);
     OneMessage("dispatch.timer", WM_TIMER, 1, 0, ours, raw);
     OneMessage("dispatch.family", vSYSTEM::GetPaletteChangeMsg(), 0, 0, ours, raw);
+    Crowded(*window, raw);
     DestroyWindow(raw);
     DestroyWindow(ours);
 }
