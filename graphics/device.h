@@ -191,7 +191,8 @@ private:
     // A drawing pass: the context with this device's objects and clip in
     // place, and what is to be put back afterwards. Only a clipped pass
     // saves the whole context; otherwise the few settings it changes are
-    // put back one by one, which costs far less.
+    // put back one by one, which costs far less, and a lasting context
+    // keeps them.
     struct PASS {
         HDC dc;
         int lasting;
