@@ -195,6 +195,14 @@ int PenlessRectangle(HDC dc, const RECT& area)
     return done;
 }
 
+// Selects an object into a context only if it holds another; no object
+// asked for leaves the context's as it is.
+void Keep(HDC dc, UINT kind, HGDIOBJ object)
+{
+    if (object && GetCurrentObject(dc, kind) != object)
+        SelectObject(dc, object);
+}
+
 // Sets a value of a context only if it holds another: reading is cheaper.
 template <typename VALUE>
 void Change(HDC dc, VALUE(WINAPI* get)(HDC), VALUE(WINAPI* set)(HDC, VALUE), VALUE value)
@@ -1052,12 +1060,6 @@ void vDEVICE::Select(PASS& pass, HGDIOBJ linePen, HGDIOBJ fillBrush)
     }
     Keep(pass.dc, OBJ_PEN, linePen);
     Keep(pass.dc, OBJ_BRUSH, fillBrush);
-}
-
-void vDEVICE::Keep(HDC dc, UINT kind, HGDIOBJ object)
-{
-    if (object && GetCurrentObject(dc, kind) != object)
-        SelectObject(dc, object);
 }
 
 // Puts back what the lasting context held before the device's objects, so

@@ -219,7 +219,6 @@ private:
     void DropObjects();
     int KeepsSelection();
     void Select(PASS& pass, HGDIOBJ linePen, HGDIOBJ fillBrush);
-    static void Keep(HDC dc, UINT kind, HGDIOBJ object);
     void SelectFont(PASS& pass);
     void LetKeptGo();
     void CopyFrom(const vDEVICE& other);
