@@ -1,38 +1,31 @@
-# make test   installs what is missing, builds, and runs every test under Wine.
+# make test   installs what is missing, builds both builds, and runs every
+#             test of each build this machine can run under Wine.
 # make demo   builds and runs the example program.
 # make bench  builds in Release and runs the benchmarks.
+# The 64-bit build lives in $(BUILD)/x86_64 and the 32-bit one in
+# $(BUILD)/i686; demo and bench take the 32-bit one where it runs.
 BUILD ?= build
 BENCH_BUILD ?= build-bench
-TOOLCHAIN := cmake/i686-w64-mingw32.cmake
-CONFIGURE := cmake -G Ninja -DCMAKE_TOOLCHAIN_FILE=$(TOOLCHAIN)
 
-.PHONY: all deps configure build test consumer demo bench clean
+.PHONY: all deps build test demo bench clean
 
 all: build
 
 deps:
 	@scripts/install-deps.sh
 
-$(BUILD)/build.ninja: | deps
-	$(CONFIGURE) -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=Debug
+build: deps
+	bash -c '. scripts/arch.sh && for arch in $$zk_arches; do \
+	  zk_build $$arch $(BUILD)/$$arch Debug || exit 1; done'
 
-configure: $(BUILD)/build.ninja
+test: deps
+	scripts/test.sh $(BUILD)
 
-build: configure
-	cmake --build $(BUILD)
-
-test: build
-	scripts/wine-session.sh $(BUILD) sh -c '\
-	  ctest --test-dir $(BUILD) --output-on-failure && \
-	  scripts/check-consumer.sh $(BUILD)'
-
-demo: build
+demo: deps
 	scripts/demo.sh $(BUILD)
 
 bench: deps
-	$(CONFIGURE) -S . -B $(BENCH_BUILD) -DCMAKE_BUILD_TYPE=Release -DZK_BUILD_TESTS=OFF -DZK_BUILD_BENCH=ON
-	cmake --build $(BENCH_BUILD)
-	scripts/wine-session.sh $(BENCH_BUILD) wine $(BENCH_BUILD)/bin/zkbench.exe
+	scripts/bench.sh $(BENCH_BUILD)
 
 clean:
 	rm -rf $(BUILD) $(BENCH_BUILD)

@@ -88,7 +88,7 @@ HWND FindFirstInstance(HWND frame, HINSTANCE previous)
     while (window) {
         vSYSTEM::Trace(0, "vAPP - start of loop");
         window = GetWindow(window, GW_HWNDNEXT);
-        if (reinterpret_cast<HINSTANCE>(GetWindowLongA(window, GWL_HINSTANCE)) != previous)
+        if (reinterpret_cast<HINSTANCE>(GetWindowLongPtrA(window, GWLP_HINSTANCE)) != previous)
             continue;
         vSYSTEM::Trace(0, "vAPP - same instance");
         GetClassNameA(window, buffer, 500);
@@ -141,11 +141,11 @@ LRESULT CALLBACK MDIFrameProc(HWND window, UINT message, WPARAM wParam, LPARAM l
     if (message == WM_CREATE) {
         vAPP* created = static_cast<vAPP*>(reinterpret_cast<CREATESTRUCTA*>(lParam)->lpCreateParams);
         created->hFrame = window;
-        SetWindowLongA(window, 0, reinterpret_cast<LONG>(created));
+        SetWindowLongPtrA(window, 0, reinterpret_cast<LONG_PTR>(created));
     }
-    vAPP* app = reinterpret_cast<vAPP*>(GetWindowLongA(window, 0));
+    vAPP* app = reinterpret_cast<vAPP*>(GetWindowLongPtrA(window, 0));
     if (message == WM_DESTROY && app) {
-        SetWindowLongA(window, 0, 0);
+        SetWindowLongPtrA(window, 0, 0);
         delete app;
         return 0;
     }
@@ -678,7 +678,7 @@ int vAPP::SetIcon(const vRESID& icon)
     HICON loaded = LoadIconA(icon.Instance(), MAKEINTRESOURCEA(icon()));
     if (!loaded)
         return 0;
-    SetClassLongA(hFrame, GCL_HICON, reinterpret_cast<LONG>(loaded));
+    SetClassLongPtrA(hFrame, GCLP_HICON, reinterpret_cast<LONG_PTR>(loaded));
     return 1;
 }
 

@@ -8,7 +8,7 @@ namespace {
 const DWORD decoration = 0xCF0000;
 
 // Handled, with nothing for the platform.
-int Swallow(long& result)
+int Swallow(LRESULT& result)
 {
     result = 0;
     return 1;
@@ -126,7 +126,7 @@ void vDOCWIN::Hide()
 // A tiled window keeps its place: it cannot be dragged by its caption, and
 // only its top edge shows the platform's sizing cursor. Minimising takes it
 // out of the tiling, restoring puts it back.
-int vDOCWIN::MsgHandler(unsigned int message, unsigned int wParam, long lParam, long& result)
+int vDOCWIN::MsgHandler(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result)
 {
     switch (message) {
     case WM_SIZE:

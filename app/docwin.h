@@ -24,7 +24,7 @@ public:
     virtual void Maximize();
 
 protected:
-    int MsgHandler(unsigned int message, unsigned int wParam, long lParam, long& result) override;
+    int MsgHandler(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
     void CreateWin() override;
 
 private:

@@ -160,7 +160,7 @@ int vWIN::FrameDrag(unsigned int hit, vPOINT* delta, vRECT* rect)
 
 // The drag holds the thread: it reads and drops the messages itself until
 // the button is up, so the window does not repaint meanwhile.
-int vWIN::DoNCMouseMove(unsigned int hit, long lParam)
+int vWIN::DoNCMouseMove(WPARAM hit, LPARAM lParam)
 {
     vPOINTER::Off();
     vRECT rect = Size();

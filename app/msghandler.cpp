@@ -27,7 +27,7 @@ int IsFrameHit(unsigned int hit)
 
 }  // namespace
 
-int vWIN::MsgHandler(unsigned int message, unsigned int wParam, long lParam, long& result)
+int vWIN::MsgHandler(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result)
 {
     switch (message) {
     case WM_SIZE:
@@ -83,14 +83,14 @@ int vWIN::MsgHandler(unsigned int message, unsigned int wParam, long lParam, lon
 }
 
 // Non-zero answers also become the result the platform gets.
-int vWIN::Answer(int handled, long& result)
+int vWIN::Answer(int handled, LRESULT& result)
 {
     if (handled)
         result = 1;
     return handled;
 }
 
-int vWIN::MouseMessage(unsigned int message, unsigned int wParam, long lParam, long& result)
+int vWIN::MouseMessage(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result)
 {
     switch (message) {
     case WM_MOUSEMOVE:
@@ -126,7 +126,7 @@ int vWIN::MouseMessage(unsigned int message, unsigned int wParam, long lParam, l
     }
 }
 
-int vWIN::FrameMessage(unsigned int message, unsigned int wParam, long lParam, long& result)
+int vWIN::FrameMessage(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result)
 {
     switch (message) {
     case WM_DROPFILES:
@@ -148,7 +148,7 @@ int vWIN::FrameMessage(unsigned int message, unsigned int wParam, long lParam, l
 
 // The messages that the programs of the family share. The family message
 // is answered by every window, whatever it overrides.
-int vWIN::DispatchRegistered(unsigned int message, unsigned int wParam, long& result)
+int vWIN::DispatchRegistered(unsigned int message, WPARAM wParam, LRESULT& result)
 {
     if (message == vSYSTEM::GetPaletteChangeMsg()) {
         vSYSTEM::Trace(1, "vWIN - DoPaletteChanged");
@@ -193,7 +193,7 @@ void vWIN::ClaimPointer()
     pPointer->On();
 }
 
-int vWIN::DoMouseMove(unsigned int, long lParam)
+int vWIN::DoMouseMove(WPARAM, LPARAM lParam)
 {
     vPOINT point = PointOf(lParam);
     if (vCONTROL::CurHintedCtr != GetID())
@@ -221,17 +221,17 @@ int vWIN::DragFeedbackAt(const vPOINT& point)
     return 1;
 }
 
-int vWIN::DoLButtonDown(unsigned int, long lParam)
+int vWIN::DoLButtonDown(WPARAM, LPARAM lParam)
 {
     return vMouseLeftPress(PointOf(lParam));
 }
 
-int vWIN::DoLButtonUp(unsigned int, long lParam)
+int vWIN::DoLButtonUp(WPARAM, LPARAM lParam)
 {
     return vMouseLeftRelease(PointOf(lParam));
 }
 
-void vWIN::DoCommand(unsigned int wParam, long)
+void vWIN::DoCommand(WPARAM wParam, LPARAM)
 {
     vCTRLID control(LOWORD(wParam));
     vWIN* child = control ? BoundChild(hWnd, control) : nullptr;
@@ -247,7 +247,7 @@ vCONTROL* vWIN::ControlChild(unsigned int controlId)
     return dynamic_cast<vCONTROL*>(Child(vCTRLID(static_cast<unsigned short>(controlId))));
 }
 
-int vWIN::DoDrawItem(unsigned int controlId, DRAWITEMSTRUCT* item, long& result)
+int vWIN::DoDrawItem(unsigned int controlId, DRAWITEMSTRUCT* item, LRESULT& result)
 {
     vCONTROL* control = ControlChild(controlId);
     if (!control) {
@@ -260,7 +260,7 @@ int vWIN::DoDrawItem(unsigned int controlId, DRAWITEMSTRUCT* item, long& result)
 
 // The message comes while an owner-drawn control is being created, before
 // its handle is bound; the window under construction answers then.
-int vWIN::DoMeasureItem(unsigned int controlId, MEASUREITEMSTRUCT* item, long& result)
+int vWIN::DoMeasureItem(unsigned int controlId, MEASUREITEMSTRUCT* item, LRESULT& result)
 {
     vCONTROL* control = ControlChild(controlId);
     if (!control)
@@ -275,7 +275,7 @@ int vWIN::DoMeasureItem(unsigned int controlId, MEASUREITEMSTRUCT* item, long& r
 }
 
 // Item data are text pointers.
-int vWIN::DoCompareItem(unsigned int controlId, COMPAREITEMSTRUCT* item, long& result)
+int vWIN::DoCompareItem(unsigned int controlId, COMPAREITEMSTRUCT* item, LRESULT& result)
 {
     vCONTROL* control = ControlChild(controlId);
     if (!control)
@@ -286,7 +286,7 @@ int vWIN::DoCompareItem(unsigned int controlId, COMPAREITEMSTRUCT* item, long& r
     return 1;
 }
 
-void vWIN::DoSize(unsigned int wParam, long)
+void vWIN::DoSize(WPARAM wParam, LPARAM)
 {
     if (wParam == SIZE_MINIMIZED)
         vIconize();
@@ -313,7 +313,7 @@ int vWIN::DoDraw()
 // A window without WINF_ERASE reports its background as erased: scroll bars
 // and other opaque windows suppress the erase that way. The clip area set
 // here stays on the device after the erase.
-int vWIN::DoEraseBkGnd(unsigned int wParam, long)
+int vWIN::DoEraseBkGnd(WPARAM wParam, LPARAM)
 {
     if (!(flags & WINF_ERASE))
         return 1;
@@ -345,7 +345,7 @@ int vWIN::vEraseBkg()
 
 // Left and right are crossed on purpose: a line to the left scrolls the view
 // right. The vertical steps are not crossed.
-void vWIN::DoHScroll(unsigned int wParam, long lParam)
+void vWIN::DoHScroll(WPARAM wParam, LPARAM lParam)
 {
     if (lParam)
         return;
@@ -365,7 +365,7 @@ void vWIN::DoHScroll(unsigned int wParam, long lParam)
     }
 }
 
-void vWIN::DoVScroll(unsigned int wParam, long lParam)
+void vWIN::DoVScroll(WPARAM wParam, LPARAM lParam)
 {
     if (lParam)
         return;
@@ -443,7 +443,7 @@ int vWIN::MoveKey(unsigned short code, long key)
     }
 }
 
-int vWIN::DoNCLButtonDown(unsigned int hit, long lParam)
+int vWIN::DoNCLButtonDown(WPARAM hit, LPARAM lParam)
 {
     if (!IsFrameHit(hit)) {
         fBorderDrag = 0;

@@ -310,13 +310,13 @@ vWIN* vWIN::BoundChild(HWND parent, int childId)
 
 void vWIN::SubClass()
 {
-    pfnOldProc = reinterpret_cast<WNDPROC>(GetWindowLongA(hWnd, GWL_WNDPROC));
-    SetWindowLongA(hWnd, GWL_WNDPROC, reinterpret_cast<LONG>(GenericProc));
+    pfnOldProc = reinterpret_cast<WNDPROC>(GetWindowLongPtrA(hWnd, GWLP_WNDPROC));
+    SetWindowLongPtrA(hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(GenericProc));
 }
 
 void vWIN::RemoveSubClass()
 {
-    SetWindowLongA(hWnd, GWL_WNDPROC, reinterpret_cast<LONG>(pfnOldProc));
+    SetWindowLongPtrA(hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(pfnOldProc));
 }
 
 LRESULT CALLBACK GenericProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
@@ -335,7 +335,7 @@ LRESULT vWIN::Dispatch(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
         vSYSTEM::GetDefaultException().HandleException(window);
     if (message == WM_DESTROY)
         return Destroyed(win, window, wParam, lParam);
-    long result = 0;
+    LRESULT result = 0;
     if (win->MsgHandler(message, wParam, lParam, result))
         return result;
     return PassOn(win->pfnOldProc, window, message, wParam, lParam);
@@ -934,7 +934,7 @@ vDRAWMODE vWIN::DrawMode() const
 void vWIN::SetIcon(const vRESID& icon)
 {
     HICON loaded = LoadIconA(icon.Instance(), MAKEINTRESOURCEA(icon()));
-    SetClassLongA(hWnd, GCL_HICON, reinterpret_cast<LONG>(loaded));
+    SetClassLongPtrA(hWnd, GCLP_HICON, reinterpret_cast<LONG_PTR>(loaded));
 }
 
 vWIN* vWIN::FocusedWindow()

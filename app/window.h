@@ -194,9 +194,9 @@ public:
 protected:
     // The library's own part of the table; application classes override
     // the handlers above.
-    virtual int MsgHandler(unsigned int message, unsigned int wParam, long lParam, long& result);
+    virtual int MsgHandler(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result);
     virtual int DoDraw();
-    virtual int DoEraseBkGnd(unsigned int wParam, long lParam);
+    virtual int DoEraseBkGnd(WPARAM wParam, LPARAM lParam);
     virtual void CreateWin();
     virtual int DestroyWindow();
     virtual int vEraseBkg();
@@ -268,20 +268,20 @@ protected:
     void Constructor(const vAPP* app, const vWIN* parent, const vRECT& rect, vWNDFLAGS style, vCLASSID classId);
 
     vCONTROL* ControlChild(unsigned int controlId);
-    int DoDrawItem(unsigned int controlId, tagDRAWITEMSTRUCT* item, long& result);
-    int DoMeasureItem(unsigned int controlId, tagMEASUREITEMSTRUCT* item, long& result);
-    int DoCompareItem(unsigned int controlId, tagCOMPAREITEMSTRUCT* item, long& result);
+    int DoDrawItem(unsigned int controlId, tagDRAWITEMSTRUCT* item, LRESULT& result);
+    int DoMeasureItem(unsigned int controlId, tagMEASUREITEMSTRUCT* item, LRESULT& result);
+    int DoCompareItem(unsigned int controlId, tagCOMPAREITEMSTRUCT* item, LRESULT& result);
 
-    int DoMouseMove(unsigned int wParam, long lParam);
-    int DoLButtonDown(unsigned int wParam, long lParam);
-    int DoLButtonUp(unsigned int wParam, long lParam);
-    void DoCommand(unsigned int wParam, long lParam);
-    void DoHScroll(unsigned int wParam, long lParam);
-    void DoVScroll(unsigned int wParam, long lParam);
-    void DoSize(unsigned int wParam, long lParam);
+    int DoMouseMove(WPARAM wParam, LPARAM lParam);
+    int DoLButtonDown(WPARAM wParam, LPARAM lParam);
+    int DoLButtonUp(WPARAM wParam, LPARAM lParam);
+    void DoCommand(WPARAM wParam, LPARAM lParam);
+    void DoHScroll(WPARAM wParam, LPARAM lParam);
+    void DoVScroll(WPARAM wParam, LPARAM lParam);
+    void DoSize(WPARAM wParam, LPARAM lParam);
     int DoPaletteChanged(int foreground);
     int MSTranslateKey(long key);
-    int DoNCMouseMove(unsigned int hit, long lParam);
+    int DoNCMouseMove(WPARAM hit, LPARAM lParam);
     int FrameDrag(unsigned int hit, vPOINT* delta, vRECT* rect);
     static HWND GetDropWindowHandle(HWND window);
 
@@ -333,16 +333,16 @@ private:
     template <typename VISIT>
     int WalkKin(VISIT visit);
 
-    static int Answer(int handled, long& result);
-    int MouseMessage(unsigned int message, unsigned int wParam, long lParam, long& result);
-    int FrameMessage(unsigned int message, unsigned int wParam, long lParam, long& result);
-    int DispatchRegistered(unsigned int message, unsigned int wParam, long& result);
+    static int Answer(int handled, LRESULT& result);
+    int MouseMessage(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result);
+    int FrameMessage(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result);
+    int DispatchRegistered(unsigned int message, WPARAM wParam, LRESULT& result);
     int DoClose();
     int DoSetCursor();
     void ClaimPointer();
     int DragFeedbackAt(const vPOINT& point);
     int MoveKey(unsigned short code, long key);
-    int DoNCLButtonDown(unsigned int hit, long lParam);
+    int DoNCLButtonDown(WPARAM hit, LPARAM lParam);
     int DoNCLButtonUp();
     int DragFrame(unsigned int hit, POINT last, vRECT& rect);
     POINT DragStep(unsigned int hit, long lParam, POINT last, vRECT& rect);

@@ -39,5 +39,5 @@ const vPOINT* vCOLLECTION::Points() const
 
 unsigned long vCOLLECTION::Count() const
 {
-    return count;
+    return static_cast<unsigned long>(count);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 #include "base/object.h"
 
 class vPOINT;
@@ -30,10 +32,12 @@ public:
     unsigned long Count() const;
 
 private:
+    // Each field fills a machine word of its own (the type with padding on
+    // the 64-bit build), so the record is six words wide on either build.
     const void* items;
-    unsigned long count;
-    unsigned long elementSize;
+    uintptr_t count;
+    uintptr_t elementSize;
     vARRAYTYPE type;
     // Kept clear so that the record has the six words the drawing side expects.
-    unsigned long reserved[2];
+    uintptr_t reserved[2];
 };

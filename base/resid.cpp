@@ -1,9 +1,15 @@
 #include "base/resid.h"
 
+#include <cstdint>
+
 #include "base/system.h"
 #include "streams/stream.h"
 
 namespace {
+
+// A module handle in a stream form: how many 32-bit words it takes.
+constexpr int handleWords = sizeof(HINSTANCE) / sizeof(unsigned long);
+constexpr int wordBits = 32;
 
 HINSTANCE InstanceOf(const vMODULE* module)
 {
@@ -36,17 +42,24 @@ HINSTANCE vRESID::Instance() const
 }
 
 // The module handle goes as it stands, like a pointer: a token that only the
-// writing process can use. The number follows it.
+// writing process can use. It takes the platform's pointer width, as 32-bit
+// words low first (one on the 32-bit build, two on the 64-bit), and the
+// number follows it.
 vSTREAM& vRESID::operator>>(vSTREAM& stream) const
 {
-    stream.WriteULong(reinterpret_cast<unsigned long>(instance));
+    uintptr_t handle = reinterpret_cast<uintptr_t>(instance);
+    for (int word = 0; word < handleWords; ++word)
+        stream.WriteULong(static_cast<unsigned long>(handle >> (word * wordBits)));
     stream.WriteUWord(id);
     return stream;
 }
 
 vSTREAM& vRESID::operator<<(vSTREAM& stream)
 {
-    instance = reinterpret_cast<HINSTANCE>(stream.ReadULong());
+    uintptr_t handle = 0;
+    for (int word = 0; word < handleWords; ++word)
+        handle |= static_cast<uintptr_t>(stream.ReadULong()) << (word * wordBits);
+    instance = reinterpret_cast<HINSTANCE>(handle);
     id = stream.ReadUWord();
     return stream;
 }

@@ -1,4 +1,5 @@
-# Cross-compiles for 32-bit Windows with mingw-w64 and runs what it builds under Wine.
+# Cross-compiles for 32-bit Windows with mingw-w64 and runs what it builds
+# under Wine's 32-bit loader, named by its path like the 64-bit one.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR i686)
 
@@ -13,7 +14,8 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE BOTH)
 
-find_program(ZK_WINE wine)
+set(ZK_WINE_ARCH win32 CACHE STRING "The Wine prefix kind that runs this build")
+find_program(ZK_WINE wine PATHS /usr/lib/wine NO_DEFAULT_PATH)
 if(ZK_WINE)
   set(CMAKE_CROSSCOMPILING_EMULATOR ${ZK_WINE})
 endif()

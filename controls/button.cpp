@@ -226,7 +226,7 @@ unsigned short vBUTTON::StripAccelerators(const vSTRING& from)
 // The platform paints its button first and the face goes on top. The
 // platform's paint validates the update region, so it is saved before and
 // given back for the second pass.
-int vBUTTON::MsgHandler(unsigned int message, unsigned int wParam, long lParam, long& result)
+int vBUTTON::MsgHandler(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result)
 {
     HRGN update = nullptr;
     if (message == WM_PAINT) {

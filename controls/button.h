@@ -34,7 +34,7 @@ public:
     static vCONTROL* New(vWIN& parent, vCTRLID& id, vRESID& text);
 
 protected:
-    int MsgHandler(unsigned int message, unsigned int wParam, long lParam, long& result) override;
+    int MsgHandler(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
 
     int DoLabel(const tagRECT& rect);
     int DoRecess();

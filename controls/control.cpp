@@ -326,7 +326,7 @@ vCONTROL* vCONTROL::New(vWIN&, vCTRLID&, vRESID&)
 
 // Every move reaches vMouseMove twice: once here with no point, for the
 // hint, and once more through the ordinary dispatch with the true point.
-int vCONTROL::MsgHandler(unsigned int message, unsigned int wParam, long lParam, long& result)
+int vCONTROL::MsgHandler(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result)
 {
     if (message == WM_MOUSEMOVE)
         vMouseMove(vPOINT(0, 0));

@@ -50,7 +50,7 @@ public:
     static vCTRLID CurHintedCtr;
 
 protected:
-    int MsgHandler(unsigned int message, unsigned int wParam, long lParam, long& result) override;
+    int MsgHandler(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
     vCLASSID GetClassID() override;
 
     vRECT bound;

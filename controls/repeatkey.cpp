@@ -9,7 +9,7 @@ vREPEATKEY::vREPEATKEY(const vWIN& parent, const vCTRLID& id, const vBITMAP& fac
 // Every message that arrives while the button is down arms the timer again,
 // so a steady stream of messages postpones the next repeat; that is how it
 // has always behaved.
-int vREPEATKEY::MsgHandler(unsigned int message, unsigned int wParam, long lParam, long& result)
+int vREPEATKEY::MsgHandler(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result)
 {
     if (pressed)
         SetTimer(200);

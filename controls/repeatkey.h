@@ -11,5 +11,5 @@ public:
     int vTimer(const vRESID& id) override;
 
 protected:
-    int MsgHandler(unsigned int message, unsigned int wParam, long lParam, long& result) override;
+    int MsgHandler(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
 };

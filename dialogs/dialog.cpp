@@ -182,13 +182,13 @@ INT_PTR CALLBACK DlgProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam
     default:
         break;
     }
-    long result = 0;
+    LRESULT result = 0;
     if (!dialog->MsgHandler(message, wParam, lParam, result))
         return 0;
     return AnswersWithData(message) ? result : 1;
 }
 
-int vDIALOG::MsgHandler(unsigned int message, unsigned int wParam, long lParam, long& result)
+int vDIALOG::MsgHandler(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result)
 {
     switch (message) {
     case WM_HELP:

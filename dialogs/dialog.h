@@ -46,7 +46,7 @@ public:
     vCONTROL* GetKeyboardInterface() const;
 
 protected:
-    int MsgHandler(unsigned int message, unsigned int wParam, long lParam, long& result) override;
+    int MsgHandler(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
 
     // Makes, fills and shows the controls; true if the map names no control
     // to focus, and the caller is to see to the focus.

@@ -1,20 +1,26 @@
 #!/usr/bin/env bash
 # Builds the example program against the package installed from a build
-# folder, as a user's program is built, and runs it. With no display it runs
-# in a private Wine session and saves a picture of its frame instead.
+# folder, as a user's program is built, and runs it: the 32-bit build where
+# this machine runs it, the 64-bit one elsewhere. With no display it runs in a
+# private Wine session and saves pictures of its dialog and frame instead.
 # Usage: demo.sh BUILD_DIR
 set -euo pipefail
 
-build_dir=$(cd "$1" && pwd)
 root=$(cd "$(dirname "$0")/.." && pwd)
+. "$root/scripts/arch.sh"
+mkdir -p "$1"
+arch=$(zk_preferred_arch)
+build_dir="$(cd "$1" && pwd)/$arch"
 hello_build="$build_dir/hello"
 
+echo "demo: the $(zk_describe "$arch") build"
+zk_build "$arch" "$build_dir" Debug
 "$root/scripts/build-against-package.sh" "$build_dir" "$root/examples/hello" "$hello_build"
 
 cd "$hello_build"
 if [ -z "${DISPLAY:-}" ]; then
   rm -f hello.png hello-dialog.png
-  "$root/scripts/wine-session.sh" "$build_dir" wine hello.exe --screenshot hello.png
+  "$root/scripts/wine-session.sh" "$build_dir" sh -c '"$ZK_WINE" hello.exe --screenshot hello.png'
   for picture in hello.png hello-dialog.png; do
     if [ ! -s "$picture" ]; then
       echo "demo: $picture was not saved" >&2
@@ -23,5 +29,6 @@ if [ -z "${DISPLAY:-}" ]; then
   done
   echo "demo: screenshots saved to $hello_build/hello.png and $hello_build/hello-dialog.png"
 else
-  wine hello.exe
+  zk_wine_env "$build_dir"
+  "$ZK_WINE" hello.exe
 fi

@@ -1,12 +1,16 @@
 #!/usr/bin/env bash
 # Installs what building and testing need, on Debian bookworm; does nothing
-# when everything is already there.
+# when everything is already there. Both cross compilers and both Wine
+# loaders go in everywhere: a machine that cannot start 32-bit processes still
+# compiles the 32-bit build, and only its tests are left out.
 set -euo pipefail
 
 have_all() {
   command -v i686-w64-mingw32-g++-posix >/dev/null &&
   command -v i686-w64-mingw32-windres >/dev/null &&
-  command -v wine >/dev/null && command -v wineserver >/dev/null &&
+  command -v x86_64-w64-mingw32-g++-posix >/dev/null &&
+  command -v x86_64-w64-mingw32-windres >/dev/null &&
+  [ -x /usr/lib/wine/wine64 ] && command -v wineserver >/dev/null &&
   command -v Xvfb >/dev/null && command -v cmake >/dev/null &&
   command -v ninja >/dev/null &&
   [ -f /usr/src/googletest/CMakeLists.txt ] &&
@@ -28,5 +32,6 @@ dpkg --add-architecture i386
 # The i386 security index can lag behind; pinning to bookworm keeps the set consistent.
 apt-get update || true
 apt-get install -y -t bookworm --no-install-recommends \
-  g++-mingw-w64-i686-posix mingw-w64-tools binutils-mingw-w64-i686 \
-  wine wine32:i386 xvfb xauth cmake ninja-build make googletest imagemagick
+  g++-mingw-w64-i686-posix binutils-mingw-w64-i686 \
+  g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64 mingw-w64-tools \
+  wine wine32:i386 wine64 xvfb xauth cmake ninja-build make googletest imagemagick

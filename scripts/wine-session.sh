@@ -1,15 +1,16 @@
 #!/usr/bin/env bash
 # Runs a command with a private Wine prefix, one Xvfb and one persistent
-# wineserver, and stops both afterwards. Usage: wine-session.sh BUILD_DIR CMD...
+# wineserver, and stops both afterwards. The build folder says which loader
+# runs its programs: the command finds it in ZK_WINE.
+# Usage: wine-session.sh BUILD_DIR CMD...
 set -uo pipefail
 
 build_dir=$(cd "$1" && pwd)
 shift
+root=$(cd "$(dirname "$0")/.." && pwd)
+. "$root/scripts/arch.sh"
 
-export WINEPREFIX="$build_dir/wineprefix"
-export WINEDEBUG=-all
-export WINEARCH=win32
-export WINEDLLOVERRIDES="mscoree,mshtml="
+zk_wine_env "$build_dir"
 
 # The first free display number from 90 up.
 display=90
@@ -27,13 +28,13 @@ for _ in $(seq 50); do
 done
 
 if [ ! -f "$WINEPREFIX/system.reg" ]; then
-  wineboot -i >/dev/null 2>&1 </dev/null
+  "$ZK_WINE" wineboot -i >/dev/null 2>&1 </dev/null
 fi
 wineserver -p >/dev/null 2>&1 </dev/null &
 server_pid=$!
 # Wine's own background services start with the first program and inherit its
 # standard handles; starting them here keeps them off the pipes of the tests.
-wineboot >/dev/null 2>&1 </dev/null
+"$ZK_WINE" wineboot >/dev/null 2>&1 </dev/null
 
 "$@"
 status=$?

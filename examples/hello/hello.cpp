@@ -92,7 +92,7 @@ public:
 protected:
     // The edit paints itself, before the library's painting would take its
     // update region away.
-    int MsgHandler(unsigned int message, unsigned int wParam, long lParam, long& result) override
+    int MsgHandler(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result) override
     {
         if (message != WM_PAINT)
             return vCONTROL::MsgHandler(message, wParam, lParam, result);

@@ -99,7 +99,7 @@ TEST_F(ApplicationTest, ConstructionMakesAHiddenFrameWithItsClientAndRegistersTh
     EXPECT_EQ(capture.Lines(), LOG{"Trace: vAPP::vAPP(...)"});
 
     EXPECT_EQ(ClassOf(frame), "ZkRecorderFrame");
-    EXPECT_EQ(GetWindowLongA(frame, 0), reinterpret_cast<LONG>(app));
+    EXPECT_EQ(GetWindowLongPtrA(frame, 0), reinterpret_cast<LONG_PTR>(app));
     DWORD style = GetWindowLongA(frame, GWL_STYLE);
     EXPECT_EQ(style & 0x02CF0000u, 0x02CF0000u);
     EXPECT_FALSE(IsWindowVisible(frame));
@@ -110,7 +110,8 @@ TEST_F(ApplicationTest, ConstructionMakesAHiddenFrameWithItsClientAndRegistersTh
                        reinterpret_cast<const char*>(info.lpfnWndProc), &owner);
     EXPECT_EQ(owner, GetModuleHandleA("zkshell.dll"));
     EXPECT_EQ(info.style, static_cast<UINT>(CS_DBLCLKS));
-    EXPECT_EQ(info.cbWndExtra, 4);
+    // One pointer's room for the application: four bytes on the 32-bit build.
+    EXPECT_EQ(info.cbWndExtra, static_cast<int>(sizeof(vAPP*)));
     HINSTANCE core = vSYSTEM::Pointer()->GetInstance();
     EXPECT_TRUE(GetClassInfoA(core, "GENERIC", &info));
     EXPECT_TRUE(GetClassInfoA(core, "MDICHILD", &info));
@@ -431,7 +432,7 @@ TEST_F(ApplicationTest, IconAndExceptionHandler)
 {
     Make();
     EXPECT_EQ(app->SetIcon(vRESID(77, app)), 0);
-    EXPECT_EQ(GetClassLongA(frame, GCL_HICON), 0u);
+    EXPECT_EQ(GetClassLongPtrA(frame, GCLP_HICON), 0u);
     DEFEXCEP handler;
     app->SetExceptionHandler(handler);
     EXPECT_EQ(vAPPACCESS::Exception(*app), &handler);

@@ -94,7 +94,7 @@ TEST_F(DocWinTest, ADeletedDocumentIsDestroyedByTheClient)
 {
     HWND client = vAPPACCESS::Client(*app);
     destroyRequests.clear();
-    clientProc = reinterpret_cast<WNDPROC>(SetWindowLongA(client, GWL_WNDPROC, reinterpret_cast<LONG>(WatchingClient)));
+    clientProc = reinterpret_cast<WNDPROC>(SetWindowLongPtrA(client, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(WatchingClient)));
     vDOCWIN* first = NewDocument(*app, "Deleted");
     vDOCWIN* second = NewDocument(*app, "Closed");
     first->Show();
@@ -104,7 +104,7 @@ TEST_F(DocWinTest, ADeletedDocumentIsDestroyedByTheClient)
     delete first;
     SendMessageA(secondWindow, WM_SYSCOMMAND, SC_CLOSE, 0);
     apptest::Pump();
-    SetWindowLongA(client, GWL_WNDPROC, reinterpret_cast<LONG>(clientProc));
+    SetWindowLongPtrA(client, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(clientProc));
     EXPECT_EQ(destroyRequests, (std::vector<HWND>{firstWindow, secondWindow}));
     EXPECT_FALSE(IsWindow(firstWindow));
     EXPECT_FALSE(IsWindow(secondWindow));

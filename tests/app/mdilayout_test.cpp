@@ -94,7 +94,7 @@ public:
     }
 
 protected:
-    int MsgHandler(unsigned int message, unsigned int wParam, long lParam, long& result) override
+    int MsgHandler(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result) override
     {
         if (message != WM_GETMINMAXINFO)
             return vDOCWIN::MsgHandler(message, wParam, lParam, result);

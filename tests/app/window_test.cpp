@@ -54,7 +54,7 @@ TEST_F(WindowTest, ParentConstructorMakesABoundSubclassedChild)
     ASSERT_TRUE(IsWindow(child()));
     EXPECT_EQ(GetParent(child()), Top()());
     EXPECT_EQ(Bound(child()), &child);
-    EXPECT_EQ(GetWindowLongA(child(), GWL_WNDPROC), reinterpret_cast<LONG>(GenericProc));
+    EXPECT_EQ(GetWindowLongPtrA(child(), GWLP_WNDPROC), reinterpret_cast<LONG_PTR>(GenericProc));
     EXPECT_EQ(child.pfnOldProc, wintest::RecordingDefault);
     EXPECT_EQ(child.pParent, &Top());
     EXPECT_EQ(child.Parent(), &Top());
@@ -150,7 +150,7 @@ TEST_F(WindowTest, WrappingConstructorNeitherBindsNorSubclasses)
         vWIN wrapped(window, vRESID(5, vSYSTEM::Pointer()));
         EXPECT_EQ(wrapped(), window);
         EXPECT_EQ(Bound(window), nullptr);
-        EXPECT_EQ(GetWindowLongA(window, GWL_WNDPROC), reinterpret_cast<LONG>(wintest::RecordingDefault));
+        EXPECT_EQ(GetWindowLongPtrA(window, GWLP_WNDPROC), reinterpret_cast<LONG_PTR>(wintest::RecordingDefault));
         EXPECT_EQ(wrapped.ResTemplate()(), 5);
         EXPECT_EQ(wrapped.Width(), vINT(0));
         EXPECT_EQ(wrapped.Application(), nullptr);
@@ -386,10 +386,10 @@ TEST_F(WindowTest, BordersAndIconComeFromThePlatform)
     RECORDER child(Top(), vRECT(0, 0, 30, 20), "c");
     EXPECT_EQ(child.BorderWidth(), vINT(GetSystemMetrics(SM_CXFRAME)));
     EXPECT_EQ(child.BorderHeight(), vINT(GetSystemMetrics(SM_CYFRAME)));
-    HICON before = reinterpret_cast<HICON>(GetClassLongA(child(), GCL_HICON));
+    HICON before = reinterpret_cast<HICON>(GetClassLongPtrA(child(), GCLP_HICON));
     child.SetIcon(vRESID(32516, static_cast<const vMODULE*>(nullptr)));
-    EXPECT_EQ(reinterpret_cast<HICON>(GetClassLongA(child(), GCL_HICON)), LoadIconA(nullptr, IDI_ASTERISK));
-    SetClassLongA(child(), GCL_HICON, reinterpret_cast<LONG>(before));
+    EXPECT_EQ(reinterpret_cast<HICON>(GetClassLongPtrA(child(), GCLP_HICON)), LoadIconA(nullptr, IDI_ASTERISK));
+    SetClassLongPtrA(child(), GCLP_HICON, reinterpret_cast<LONG_PTR>(before));
     DestroyWindow(child());
 }
 

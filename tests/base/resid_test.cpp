@@ -43,16 +43,20 @@ TEST(CtrlIdTest, HoldsSixteenBits)
     EXPECT_FALSE(vCTRLID(65535) == vCTRLID(1));
 }
 
-// The module handle as a four-byte token, then the number.
+// The module handle as a token of the platform's pointer width, least
+// significant byte first, then the number.
 TEST(ResIdTest, StreamFormIsTheHandleThenTheNumber)
 {
     vRESID id(0x1234, vSYSTEM::Pointer());
     zktest::StreamBytes bytes = zktest::StreamForm(id);
-    ASSERT_EQ(bytes.size(), 6U);
-    unsigned long handle = bytes[0] | bytes[1] << 8 | bytes[2] << 16 | static_cast<unsigned long>(bytes[3]) << 24;
-    EXPECT_EQ(handle, reinterpret_cast<unsigned long>(id.Instance()));
-    EXPECT_EQ(bytes[4], 0x34);
-    EXPECT_EQ(bytes[5], 0x12);
+    const size_t width = sizeof(HINSTANCE);
+    ASSERT_EQ(bytes.size(), width + 2);
+    uintptr_t handle = 0;
+    for (size_t at = 0; at < width; ++at)
+        handle |= static_cast<uintptr_t>(bytes[at]) << (8 * at);
+    EXPECT_EQ(handle, reinterpret_cast<uintptr_t>(id.Instance()));
+    EXPECT_EQ(bytes[width], 0x34);
+    EXPECT_EQ(bytes[width + 1], 0x12);
     vRESID read;
     EXPECT_EQ(zktest::ReadStreamForm(bytes, read), vSTREAM_GOOD);
     EXPECT_EQ(read(), 0x1234);

@@ -49,7 +49,7 @@ public:
     }
 
 protected:
-    int MsgHandler(unsigned int message, unsigned int wParam, long lParam, long& result) override
+    int MsgHandler(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result) override
     {
         if (message == BM_SETSTATE)
             Note("button.BM_SETSTATE(" + std::to_string(wParam) + ")");
@@ -215,7 +215,7 @@ TEST_F(ButtonText, ARealClickPressesReleasesAndCommands)
     PumpFor(50);
     Press(MOUSEEVENTF_LEFTUP);
     PumpFor(100);
-    std::string handle = std::to_string(reinterpret_cast<long>((*button)()));
+    std::string handle = std::to_string(reinterpret_cast<LPARAM>((*button)()));
     Lines seen;
     for (const std::string& line : wintest::Log())
         if (line.find("button.") == 0 || line.find("WM_COMMAND") != std::string::npos)

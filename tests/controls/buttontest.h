@@ -21,7 +21,7 @@ public:
     PARENT(const vWIN& parent, const vRECT& rect) : RECORDER(parent, rect, "parent") {}
 
 protected:
-    int MsgHandler(unsigned int message, unsigned int wParam, long lParam, long& result) override
+    int MsgHandler(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result) override
     {
         if (message == WM_COMMAND)
             Note("parent.WM_COMMAND(" + std::to_string(LOWORD(wParam)) + "," + std::to_string(HIWORD(wParam)) +

@@ -101,7 +101,7 @@ TEST_F(RepeatKey, HeldDownItCommandsTheParentAgainAndAgain)
     EXPECT_EQ(held, Lines(held.size(), Command()));
     EXPECT_EQ(Only("vTimer").size(), held.size());
     // The platform's own click on release comes last, with the whole handle.
-    EXPECT_EQ(Only("WM_COMMAND").back(), "parent.WM_COMMAND(7,0," + std::to_string(reinterpret_cast<long>((*key)())) + ")");
+    EXPECT_EQ(Only("WM_COMMAND").back(), "parent.WM_COMMAND(7,0," + std::to_string(reinterpret_cast<LPARAM>((*key)())) + ")");
 }
 
 }  // namespace

@@ -95,7 +95,11 @@ LONG CALLBACK StepOverBreak(EXCEPTION_POINTERS* info)
     if (info->ExceptionRecord->ExceptionCode != EXCEPTION_BREAKPOINT)
         return EXCEPTION_CONTINUE_SEARCH;
     events.push_back("break");
+#ifdef _WIN64
+    info->ContextRecord->Rip += 1;
+#else
     info->ContextRecord->Eip += 1;
+#endif
     return EXCEPTION_CONTINUE_EXECUTION;
 }
 

@@ -57,7 +57,7 @@ public:
         return takeOffers ? 1 : vDIALOG::HandleMessage(msg);
     }
 
-    int MsgHandler(unsigned int message, unsigned int wParam, long lParam, long& result) override
+    int MsgHandler(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result) override
     {
         auto answer = answers.find(message);
         if (answer == answers.end())

@@ -7,8 +7,10 @@ namespace {
 
 using HeaderTest = zktest::LeakFreeTest;
 
-// Twelve words: the platform's forty bytes first, then the model and the palette.
-static_assert(sizeof(oDIBHEADER) == 48, "the header is twelve words");
+// The platform's forty bytes first, then the model and the palette: twelve
+// words on the 32-bit build. On the 64-bit build the palette pointer widens
+// to eight bytes and aligns to them.
+static_assert(sizeof(oDIBHEADER) == (sizeof(void*) == 4 ? 48 : 56), "the header is the platform's, the model and the palette");
 
 TEST_F(HeaderTest, TheFirstFortyBytesAreThePlatformsHeader)
 {

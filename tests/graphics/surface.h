@@ -138,16 +138,19 @@ struct GdiHandleEntry {
     unsigned long long user;
 };
 
+// Where the process environment block keeps its pointer to that table.
+const size_t GdiHandleTableAt = sizeof(void*) == 4 ? 0x94 : 0xF8;
+
 // How many GDI objects the process holds. Wine answers GetGuiResources with
 // 0, so there the live entries of the handle table that the process
-// environment block points at (offset 0x94 on 32 bits) are counted instead.
+// environment block points at are counted instead.
 inline unsigned long LiveGdiObjects()
 {
     unsigned long reported = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
     if (reported)
         return reported;
     const BYTE* environment = reinterpret_cast<const BYTE*>(NtCurrentTeb()->ProcessEnvironmentBlock);
-    const GdiHandleEntry* table = *reinterpret_cast<GdiHandleEntry* const*>(environment + 0x94);
+    const GdiHandleEntry* table = *reinterpret_cast<GdiHandleEntry* const*>(environment + GdiHandleTableAt);
     unsigned long live = 0;
     for (unsigned long i = 0; table && i < 0x10000; ++i)
         live += table[i].type != 0;

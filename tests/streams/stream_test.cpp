@@ -34,7 +34,26 @@ struct Primitive {
     std::function<bool(vSTREAM&)> readsBack;
 };
 
-vOBJECT* const Token = reinterpret_cast<vOBJECT*>(0x01020304);
+// An address as wide as the platform's pointer whose bytes, least
+// significant first, count 1, 2, 3 and on: four of them on the 32-bit build,
+// eight on the 64-bit.
+Bytes TokenBytes()
+{
+    Bytes bytes;
+    for (unsigned char at = 1; at <= sizeof(void*); ++at)
+        bytes.push_back(at);
+    return bytes;
+}
+
+vOBJECT* MakeToken()
+{
+    uintptr_t bits = 0;
+    for (size_t at = 0; at < sizeof(void*); ++at)
+        bits |= static_cast<uintptr_t>(at + 1) << (8 * at);
+    return reinterpret_cast<vOBJECT*>(bits);
+}
+
+vOBJECT* const Token = MakeToken();
 const unsigned char Text[] = "ABC";
 const unsigned char Block[] = {0, 0xFF, 7};
 
@@ -53,7 +72,7 @@ const std::vector<Primitive>& Primitives()
          [](vSTREAM& s) { return s.ReadSWord() == -300; }},
         {"SByte", [](vSTREAM& s) { return s.WriteSByte(-128); }, {0x80},
          [](vSTREAM& s) { return s.ReadSByte() == -128; }},
-        {"Pointer", [](vSTREAM& s) { return s.WritePointer(Token); }, {0x04, 0x03, 0x02, 0x01},
+        {"Pointer", [](vSTREAM& s) { return s.WritePointer(Token); }, TokenBytes(),
          [](vSTREAM& s) { return s.ReadPointer() == Token; }},
         {"ByteString", [](vSTREAM& s) { return s.WriteByteString(Text); }, {'A', 'B', 'C'},
          [](vSTREAM& s) {
