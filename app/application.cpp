@@ -3,39 +3,28 @@
 #include "app/pointer.h"
 #include "app/window.h"
 #include "base/iterator.h"
+#include "core/resources/resourceids.h"
 #include "dialogs/dialog.h"
 #include "graphics/device.h"
 
 namespace {
 
-const DWORD frameStyle = 0x02CF0000;
-const DWORD clientStyle = 0x56000001;
+const DWORD frameStyle = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
+const DWORD clientStyle = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_CLIPCHILDREN | MDIS_ALLCHILDSTYLES;
 const UINT clientId = 1000;
 const UINT firstChildId = 9999;
-const UINT initFailedStyle = 8208;
+const UINT initFailedStyle = MB_TASKMODAL | MB_ICONHAND;
 const DWORD lowMemory = 400000;
 const unsigned short defaultLanguage = 2057;
-// The system-parameter change after which the program's settings are read again.
-const WPARAM nonClientMetrics = 42;
 
-// The commands of the Window menu and the texts they show.
+// The commands of the Window menu; the texts they show are the base
+// library's.
 enum : unsigned short {
     CMD_NEWWINDOW = 30003,
     CMD_CASCADE = 30004,
     CMD_TILE = 30005,
     CMD_COLUMNS = 30006,
     CMD_ROWS = 30007
-};
-enum : unsigned short {
-    TXT_HELPMENU = 31019,
-    TXT_WINDOWMENU = 31020,
-    TXT_CASCADE = 31021,
-    TXT_TILE = 31022,
-    TXT_ROWS = 31023,
-    TXT_COLUMNS = 31024,
-    TXT_NEWWINDOW = 31025,
-    TXT_LOWMEMORYCAPTION = 31100,
-    TXT_LOWMEMORYTEXT = 31101
 };
 
 // A string of the base library in the given language.
@@ -65,9 +54,9 @@ int InitFailed(const char* text)
     return 0;
 }
 
-int StyleBit(HWND window, int bit)
+int HasStyle(HWND window, DWORD style)
 {
-    return (static_cast<DWORD>(GetWindowLongA(window, GWL_STYLE)) >> bit) & 1;
+    return (static_cast<DWORD>(GetWindowLongA(window, GWL_STYLE)) & style) != 0;
 }
 
 vRECT RectOf(const RECT& rect)
@@ -102,7 +91,7 @@ HWND FindFirstInstance(HWND frame, HINSTANCE previous)
 
 void WakeFirstInstance(HWND first)
 {
-    if (StyleBit(first, 29))
+    if (HasStyle(first, WS_MINIMIZE))
         SendMessageA(first, WM_SYSCOMMAND, SC_RESTORE, 0);
     SetFocus(first);
 }
@@ -432,7 +421,7 @@ int vAPP::MsgHandler(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result
     case WM_SYSCOLORCHANGE:
         return vSettingChange();
     case WM_WININICHANGE:
-        return wParam == nonClientMetrics ? vSettingChange() : 0;
+        return wParam == SPI_SETNONCLIENTMETRICS ? vSettingChange() : 0;
     case WM_ACTIVATEAPP:
         return DoActivateApp(wParam);
     case WM_NCMOUSEMOVE:
@@ -551,12 +540,12 @@ void vAPP::Iconise()
 
 int vAPP::IsMaximised() const
 {
-    return StyleBit(hFrame, 24);
+    return HasStyle(hFrame, WS_MAXIMIZE);
 }
 
 int vAPP::IsIconised() const
 {
-    return StyleBit(hFrame, 29);
+    return HasStyle(hFrame, WS_MINIMIZE);
 }
 
 vRECT vAPP::Size() const

@@ -1,3 +1,15 @@
+// The application: one per program, always made with new. It registers the
+// library's window classes, makes the frame with its client window for
+// document windows, runs the message loop, and keeps the program's language,
+// accelerators, busy pointer and help file.
+//
+//     class NOTES : public vAPP {
+//     public:
+//         NOTES() : vAPP(vSTRING("NotesFrame"), vSTRING("Notes"), 1) {}
+//         int vQueryClose() override { return 1; }
+//     };
+//     vAPP* vMain() { vAPP* app = new NOTES; app->Show(); return app; }
+
 #pragma once
 
 #include <windows.h>

@@ -5,7 +5,7 @@
 namespace {
 
 // Caption, frame, boxes and system menu: what a lone document does without.
-const DWORD decoration = 0xCF0000;
+const DWORD decoration = WS_OVERLAPPEDWINDOW;
 
 // Handled, with nothing for the platform.
 int Swallow(LRESULT& result)

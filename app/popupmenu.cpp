@@ -9,7 +9,9 @@ vPOPUPMENU::vPOPUPMENU()
 }
 
 // The side is chosen from the client coordinate, not the screen one, and a
-// third of the half screen is kept in hand: kept so on purpose.
+// third of the half screen is kept in hand: the programs built on the library
+// place their menus by that rule, so it is kept on purpose
+// (PopupMenuTest.TheMenuOpensAwayFromTheScreensEdgeAtTheClientPoint pins it).
 int vPOPUPMENU::Show(const vWIN& win, const vPOINT& point)
 {
     vWIN& owner = const_cast<vWIN&>(win);

@@ -5,6 +5,7 @@
 #include "app/application.h"
 #include "app/library.h"
 #include "app/pointer.h"
+#include "core/resources/resourceids.h"
 #include "graphics/screen.h"
 
 int vWIN::IsNewed = 0;
@@ -740,7 +741,7 @@ void vWIN::vDragFeedback(unsigned char state, const vPOINT&)
         return;
     dragState = state;
     pPointer->Activate();
-    pPointer->Form(vRESID(state & 1 ? 32500 : 32505, zkCore));
+    pPointer->Form(vRESID(state & 1 ? CUR_DROPALLOWED : CUR_NODROP, zkCore));
 }
 
 int vWIN::vDragTerminate(const vTRANSFER&, unsigned char, int)

@@ -1,3 +1,17 @@
+// Windows as objects. A vWIN binds one platform window to an object of the
+// program's own class; the library's window procedure turns each message into
+// a call of one of the v... handlers, which the class overrides, and a
+// handler answers non-zero when it has dealt with the event. A window is also
+// a drawing device, in logical units, for its vDraw.
+//
+//     class BOARD : public vWIN {
+//     public:
+//         explicit BOARD(const vAPP& app) : vWIN(app, vRECT(0, 0, 300, 200), WF_SIZING) {}
+//         int vMouseLeftPress(const vPOINT& at) override { mark = at; Invalidate(); return 1; }
+//         int vDraw(const vRECT&) override { return DrawEllipse(vRECT(mark, mark + vPOINT(9, 9))); }
+//         vPOINT mark;
+//     };
+
 #pragma once
 
 #include <windows.h>

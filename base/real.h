@@ -66,7 +66,9 @@ public:
     // Reduced by the remainder of a division by 360, which keeps the sign:
     // -390 becomes -30 and 360 becomes 0.
     vANGLE(short degrees);
-    // Not reduced at all: 720.0 stays 720.0. The two constructors differ on purpose.
+    // Not reduced at all: 720.0 stays 720.0. The two constructors differ on
+    // purpose, and AngleTest.ShortIsReducedKeepingTheSignAndDoubleIsNot pins
+    // both.
     vANGLE(double degrees);
     vANGLE();
 

@@ -61,7 +61,9 @@ void vBITBUT::Replace(vBITMAP*& field, const vBITMAP* given)
 }
 
 // A pressed, disabled button gets the disabled face over the selected one:
-// the disabled step deliberately draws whatever was drawn before it.
+// the disabled step deliberately draws over whatever was drawn before it, so
+// that a disabled face with key-coloured holes lets the pressed look through
+// (the "pressed-disabled" row of BitBut.EachStateShowsItsFaceWithoutTheKeyColour).
 int vBITBUT::vDraw(const vRECT&)
 {
     if (IsHidden())

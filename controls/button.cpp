@@ -176,7 +176,9 @@ int vBUTTON::vMouseLeftDoublePress(const vPOINT&)
 }
 
 // The label is centred in the button. A text without "&" is measured
-// without its last character; that is deliberate and kept.
+// without its last character; that is deliberate and kept, as the buttons of
+// existing dialogs are laid out by that width
+// (ButtonText.LabelIsMeasuredWithoutAmpersandsAndOneShortWithoutThem pins it).
 void vBUTTON::SetupText(const vSTRING& newText)
 {
     if (!newText.Length())
@@ -300,7 +302,7 @@ vPOINT vBUTTON::Centre() const
 int vBUTTON::DoRecess()
 {
     HDC dc = ActivateDC();
-    HPEN pen = CreatePen(PS_SOLID, 1, 0x7F7F7F);
+    HPEN pen = CreatePen(PS_SOLID, 1, RGB(127, 127, 127));
     HGDIOBJ oldPen = SelectObject(dc, pen);
     MoveToEx(dc, left + 2, bottom - 3, nullptr);
     LineTo(dc, left + 2, top + 2);

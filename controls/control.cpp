@@ -250,7 +250,9 @@ int vCONTROL::Shadow()
 }
 
 // Only key code 43 goes on to the parent's Enter handler; 13 is deliberately
-// not among the keys passed on.
+// not among the keys passed on: a control that takes Enter itself must not
+// also press the dialog's default button
+// (ControlTest.OnlyKeyCode43GoesToTheParentsEnterHandler pins it).
 int vCONTROL::vProcessKeyboard(vKEYCODE key)
 {
     vWIN* parent = Parent();

@@ -1,3 +1,12 @@
+// Controls: platform control windows bound to objects, made from code with
+// a rectangle or adopted from a dialog template item of the same identifier
+// when the rectangle is (-1, -1, -1, -1). Owner-drawn ones paint themselves
+// through ccPaint; every one tells its parent of clicks through Notification.
+//
+//     vBUTTON* save = new vBUTTON(frame, vCTRLID(7), vSTRING("&Save"), vRECT(10, 10, 90, 34), 1);
+//     // The frame's vCommand(vCTRLID(7)) runs when it is pressed;
+//     // the button is the window's own and goes with it.
+
 #pragma once
 
 #include "app/window.h"

@@ -11,6 +11,7 @@
 #include "base/real.h"
 #include "base/resid.h"
 #include "core/format.h"
+#include "core/resources/resourceids.h"
 
 namespace {
 
@@ -376,14 +377,14 @@ unsigned short vSTRING::LanguageOffset(unsigned short language)
 {
     switch (language) {
     case 1033:  // English, United States
-        return 1000;
+        return OFFSET_ENGLISH_US;
     case 1031:  // German
-        return 2000;
+        return OFFSET_GERMAN;
     case 1036:  // French
-        return 3000;
+        return OFFSET_FRENCH;
     case 1053:  // Swedish
-        return 4000;
+        return OFFSET_SWEDISH;
     default:  // 2057, English, United Kingdom, and all others
-        return 0;
+        return OFFSET_ENGLISH_UK;
     }
 }

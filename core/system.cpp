@@ -110,7 +110,7 @@ void vSYSTEM::AssertionFailed(const char* text, unsigned line)
     if (assertionShown)
         return;
     assertionShown = 1;
-    MessageBoxA(nullptr, report, "Assertion Failed", 8208);
+    MessageBoxA(nullptr, report, "Assertion Failed", MB_TASKMODAL | MB_ICONHAND);
     std::abort();
 }
 

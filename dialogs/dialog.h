@@ -1,3 +1,15 @@
+// Dialogs: a template resource, a table of the controls made on its items,
+// and one block of the program's data that the controls show and fill in.
+// fSTDDIALOG adds the standard column of OK, Cancel and Help buttons.
+//
+//     const vCONTROLMAP orderMap[] = {{NAMEFIELD::New, 101, 0, offsetof(ORDER, name), 40}, {nullptr, 0, 0, 0, 0}};
+//     class ORDERBOX : public fSTDDIALOG {
+//     public:
+//         ORDERBOX(const vWIN& owner, ORDER& order) : fSTDDIALOG(owner, vRESID(ORDER_TEMPLATE, owner.Application()),
+//             STD_OK | STD_CANCEL, orderMap, &order, vSTRING("Order"), 1) { Init(); }
+//     };
+//     (new ORDERBOX(frame, order))->Modal();  // back once OK or Cancel has closed it
+
 #pragma once
 
 #include "app/capwin.h"
@@ -63,7 +75,8 @@ protected:
     vCTRLID firstFocus;
     int dataUpdated;
     int modal;
-    // Kept beside vWIN's own on purpose: ResTemplate answers this one.
+    // Kept beside vWIN's own on purpose: ResTemplate answers this one, so a
+    // dialog's template never disturbs the window's own resource number.
     vRESID resTemplate;
     const vCONTROLMAP* controlMap;
     void* viewData;

@@ -1,6 +1,7 @@
 #include "dialogs/stddialog.h"
 
 #include "app/application.h"
+#include "core/resources/resourceids.h"
 
 namespace {
 
@@ -19,10 +20,6 @@ const unsigned short lastExtraRow = 2;
 // The room a text needs inside a button beside its own width.
 const long textRoom = 8;
 
-// The texts of the three buttons, one language block apart.
-const unsigned short okText = 31128;
-const unsigned short cancelText = 31127;
-const unsigned short helpText = 31131;
 
 // The language of the running application; without one, the base
 // language's texts are used.
@@ -83,7 +80,7 @@ void fSTDDIALOG::Init(unsigned short style)
         return;
     long top = firstTop;
     if (style & STD_OK) {
-        okButton = MakeButton(1, okText, top);
+        okButton = MakeButton(IDOK, TXT_OK, top);
         if (okButton) {
             okButton->SetDefault();
             okButton->FontSpec(OKFont());
@@ -91,13 +88,13 @@ void fSTDDIALOG::Init(unsigned short style)
         top += belowOK;
     }
     if (style & STD_CANCEL) {
-        cancelButton = MakeButton(2, cancelText, top);
+        cancelButton = MakeButton(IDCANCEL, TXT_CANCEL, top);
         if (cancelButton && !okButton)
             cancelButton->SetDefault();
         top += belowCancel;
     }
     if (style & STD_HELP) {
-        helpButton = MakeButton(9, helpText, top);
+        helpButton = MakeButton(IDHELP, TXT_HELP, top);
         if (helpButton && !okButton && !cancelButton)
             helpButton->SetDefault();
     }

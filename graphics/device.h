@@ -1,3 +1,14 @@
+// Drawing surfaces: a window, a bitmap in memory, a context handed in. Every
+// one draws in logical units with the line, fill and font specifications it
+// holds, and turns them into the platform's pens, brushes and fonts only
+// while it draws.
+//
+//     vMEMDEVICE picture(vSIZE(vINT(64), vINT(64)));
+//     picture.LineSpec(vLINESPEC(vLINE_SOLID, vCOLOUR(0, 0, 128), 2, vCORNER_MITRE, vDASH_SOLID, nullptr));
+//     picture.FillSpec(vFILLSPEC(vFILL_SOLID, vCOLOUR(255, 255, 0), vCOLOUR(), vANGLE(), vFILL_ALTERNATE));
+//     picture.DrawEllipse(vRECT(4, 4, 60, 60));
+//     HBITMAP drawn = picture.Bitmap();
+
 #pragma once
 
 #include <windows.h>
