@@ -76,3 +76,16 @@ zk_wine_env() {
   export WINEDEBUG=-all
   export WINEDLLOVERRIDES="mscoree,mshtml="
 }
+
+# Builds the build a person runs (the 32-bit one where this machine runs it,
+# else the 64-bit one) in its folder under TOP, says which, and leaves that
+# folder in zk_dir. Usage: zk_build_preferred WHO TOP BUILD_TYPE [CMAKE_ARGS...]
+zk_build_preferred() {
+  local who=$1 top=$2 arch
+  shift 2
+  arch=$(zk_preferred_arch)
+  mkdir -p "$top"
+  zk_dir="$(cd "$top" && pwd)/$arch"
+  echo "$who: the $(zk_describe "$arch") build"
+  zk_build "$arch" "$zk_dir" "$@"
+}

@@ -8,13 +8,9 @@ set -euo pipefail
 
 root=$(cd "$(dirname "$0")/.." && pwd)
 . "$root/scripts/arch.sh"
-mkdir -p "$1"
-arch=$(zk_preferred_arch)
-build_dir="$(cd "$1" && pwd)/$arch"
+zk_build_preferred demo "$1" Debug
+build_dir=$zk_dir
 hello_build="$build_dir/hello"
-
-echo "demo: the $(zk_describe "$arch") build"
-zk_build "$arch" "$build_dir" Debug
 "$root/scripts/build-against-package.sh" "$build_dir" "$root/examples/hello" "$hello_build"
 
 cd "$hello_build"
