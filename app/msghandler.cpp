@@ -1,5 +1,7 @@
 #include "app/window.h"
 
+#include <array>
+
 #include "app/application.h"
 #include "app/pointer.h"
 #include "controls/control.h"
@@ -25,125 +27,131 @@ int IsFrameHit(unsigned int hit)
     return hit == HTCAPTION || (hit >= HTLEFT && hit <= HTBOTTOMRIGHT);
 }
 
-}  // namespace
-
-int vWIN::MsgHandler(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result)
-{
-    switch (message) {
-    case WM_SIZE:
-        DoSize(wParam, lParam);
-        return 0;
-    case WM_ACTIVATE:
-        LOWORD(wParam) ? vActivate() : vDeactivate();
-        return 0;
-    case WM_SETFOCUS:
-        vGetFocus();
-        return 0;
-    case WM_KILLFOCUS:
-        vReleaseFocus(Instance(reinterpret_cast<HWND>(wParam)));
-        return 0;
-    case WM_PAINT:
-        return GetUpdateRect(hWnd, nullptr, FALSE) ? DoDraw() : 0;
-    case WM_CLOSE:
-        return DoClose();
-    case WM_ERASEBKGND:
-        return Answer(DoEraseBkGnd(wParam, lParam), result);
-    case WM_WININICHANGE:
-        return wParam == SPI_SETNONCLIENTMETRICS ? vSettingChange() : 0;
-    case WM_SETCURSOR:
-        return Answer(DoSetCursor(), result);
-    case WM_DRAWITEM:
-        return DoDrawItem(wParam, reinterpret_cast<DRAWITEMSTRUCT*>(lParam), result);
-    case WM_MEASUREITEM:
-        return DoMeasureItem(wParam, reinterpret_cast<MEASUREITEMSTRUCT*>(lParam), result);
-    case WM_DELETEITEM:
-        return Answer(1, result);
-    case WM_COMPAREITEM:
-        return DoCompareItem(wParam, reinterpret_cast<COMPAREITEMSTRUCT*>(lParam), result);
-    case WM_KEYDOWN:
-        vKeyDown();
-        return MSTranslateKey(wParam);
-    case WM_CHAR:
-        return vCharacterKey(vCHAR(wParam & 0xFF));
-    case WM_COMMAND:
-        DoCommand(wParam, lParam);
-        return 0;
-    case WM_TIMER:
-        vTimer(vRESID(wParam, vSYSTEM::Pointer()));
-        return 0;
-    case WM_HSCROLL:
-        DoHScroll(wParam, lParam);
-        return 0;
-    case WM_VSCROLL:
-        DoVScroll(wParam, lParam);
-        return 0;
-    default:
-        return MouseMessage(message, wParam, lParam, result);
-    }
-}
-
 // Non-zero answers also become the result the platform gets.
-int vWIN::Answer(int handled, LRESULT& result)
+int Answer(int handled, LRESULT& result)
 {
     if (handled)
         result = 1;
     return handled;
 }
 
-int vWIN::MouseMessage(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result)
+// One message the window handles itself. The row answers whether the message
+// counts as handled, which keeps it from the saved procedure, and sets the
+// result the platform gets only where it says so.
+struct ROUTE {
+    UINT message;
+    int (*handle)(vWIN& win, WPARAM wParam, LPARAM lParam, LRESULT& result);
+};
+
+// The usual forms of a row. Tell and TellPoint run the handler and let the
+// default processing follow whatever it answered; Ask makes the translator's
+// answer the row's.
+template <void (vWIN::*TRANSLATOR)(WPARAM, LPARAM)>
+int Tell(vWIN& win, WPARAM wParam, LPARAM lParam, LRESULT&)
 {
-    switch (message) {
-    case WM_MOUSEMOVE:
-        ClaimPointer();
-        return DoMouseMove(wParam, lParam);
-    case WM_LBUTTONDOWN:
-        return DoLButtonDown(wParam, lParam);
-    case WM_LBUTTONUP:
-        return DoLButtonUp(wParam, lParam);
-    case WM_LBUTTONDBLCLK:
-        vMouseLeftDoublePress(PointOf(lParam));
-        return 0;
-    case WM_RBUTTONDOWN:
-        vMouseRightPress(PointOf(lParam));
-        return 0;
-    case WM_RBUTTONUP:
-        vMouseRightRelease(PointOf(lParam));
-        return 0;
-    case WM_RBUTTONDBLCLK:
-        vMouseRightDoublePress(PointOf(lParam));
-        return 0;
-    case WM_MBUTTONDOWN:
-        vMouseMiddlePress(PointOf(lParam));
-        return 0;
-    case WM_MBUTTONUP:
-        vMouseMiddleRelease(PointOf(lParam));
-        return 0;
-    case WM_MBUTTONDBLCLK:
-        vMouseMiddleDoublePress(PointOf(lParam));
-        return 0;
-    default:
-        return FrameMessage(message, wParam, lParam, result);
-    }
+    (win.*TRANSLATOR)(wParam, lParam);
+    return 0;
 }
 
-int vWIN::FrameMessage(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result)
+template <int (vWIN::*HANDLER)(const vPOINT&)>
+int TellPoint(vWIN& win, WPARAM, LPARAM lParam, LRESULT&)
 {
-    switch (message) {
-    case WM_DROPFILES:
-        vSYSTEM::Trace(1, "vWIN::WM_DROPFILES");
-        return 0;
-    case WM_NCMOUSEMOVE:
-        return DoNCMouseMove(wParam, lParam);
-    case WM_NCLBUTTONDOWN:
-        return DoNCLButtonDown(wParam, lParam);
-    case WM_NCLBUTTONUP:
-        return DoNCLButtonUp();
-    case WM_QUERYNEWPALETTE:
-        result = 1;
-        return pApp ? pApp->PaletteChange(hWnd, 1) : 0;
-    default:
-        return DispatchRegistered(message, wParam, result);
-    }
+    (win.*HANDLER)(PointOf(lParam));
+    return 0;
+}
+
+template <int (vWIN::*TRANSLATOR)(WPARAM, LPARAM)>
+int Ask(vWIN& win, WPARAM wParam, LPARAM lParam, LRESULT&)
+{
+    return (win.*TRANSLATOR)(wParam, lParam);
+}
+
+// The owner-drawn item messages carry the control's identifier and the item.
+template <typename ITEM, int (vWIN::*TRANSLATOR)(unsigned int, ITEM*, LRESULT&)>
+int AskItem(vWIN& win, WPARAM wParam, LPARAM lParam, LRESULT& result)
+{
+    return (win.*TRANSLATOR)(wParam, reinterpret_cast<ITEM*>(lParam), result);
+}
+
+// Where each message below WM_USER stands in a table of routes, counted from
+// 1, and 0 for a message the table does not hold.
+template <size_t ROWS>
+constexpr std::array<unsigned char, WM_USER> RowsByMessage(const ROUTE (&routes)[ROWS])
+{
+    static_assert(ROWS < 256, "a row number fits in a byte");
+    std::array<unsigned char, WM_USER> rows{};
+    for (size_t row = 0; row < ROWS; ++row)
+        rows[routes[row].message] = static_cast<unsigned char>(row + 1);
+    return rows;
+}
+
+// A key that the keyboard's code names, and its handler.
+struct KEYROUTE {
+    vKEYCODE code;
+    int (vWIN::*handle)();
+};
+
+// The character a key message carries is in the low byte.
+const WPARAM CharacterBits = 0xFF;
+
+}  // namespace
+
+// Every message the table holds is below WM_USER, so a message's row is found
+// by its number rather than by a search; the messages that the family
+// registers have no constant values and are compared after it.
+int vWIN::MsgHandler(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result)
+{
+    static constexpr ROUTE routes[] = {
+        // Window events.
+        {WM_SIZE, Tell<&vWIN::DoSize>},
+        {WM_ACTIVATE,
+         [](vWIN& w, WPARAM wp, LPARAM, LRESULT&) { LOWORD(wp) ? w.vActivate() : w.vDeactivate(); return 0; }},
+        {WM_SETFOCUS, [](vWIN& w, WPARAM, LPARAM, LRESULT&) { w.vGetFocus(); return 0; }},
+        {WM_KILLFOCUS,
+         [](vWIN& w, WPARAM wp, LPARAM, LRESULT&) { w.vReleaseFocus(Instance(reinterpret_cast<HWND>(wp))); return 0; }},
+        {WM_CLOSE, [](vWIN& w, WPARAM, LPARAM, LRESULT&) { return w.DoClose(); }},
+        {WM_WININICHANGE,
+         [](vWIN& w, WPARAM wp, LPARAM, LRESULT&) { return wp == SPI_SETNONCLIENTMETRICS ? w.vSettingChange() : 0; }},
+        {WM_COMMAND, Tell<&vWIN::DoCommand>},
+        {WM_TIMER, [](vWIN& w, WPARAM wp, LPARAM, LRESULT&) { w.vTimer(vRESID(wp, vSYSTEM::Pointer())); return 0; }},
+        // Painting.
+        {WM_PAINT,
+         [](vWIN& w, WPARAM, LPARAM, LRESULT&) { return GetUpdateRect(w.hWnd, nullptr, FALSE) ? w.DoDraw() : 0; }},
+        {WM_ERASEBKGND, [](vWIN& w, WPARAM wp, LPARAM lp, LRESULT& r) { return Answer(w.DoEraseBkGnd(wp, lp), r); }},
+        {WM_QUERYNEWPALETTE,
+         [](vWIN& w, WPARAM, LPARAM, LRESULT& r) { r = 1; return w.pApp ? w.pApp->PaletteChange(w.hWnd, 1) : 0; }},
+        // The mouse.
+        {WM_MOUSEMOVE, [](vWIN& w, WPARAM wp, LPARAM lp, LRESULT&) { w.ClaimPointer(); return w.DoMouseMove(wp, lp); }},
+        {WM_SETCURSOR, [](vWIN& w, WPARAM, LPARAM, LRESULT& r) { return Answer(w.DoSetCursor(), r); }},
+        {WM_LBUTTONDOWN, Ask<&vWIN::DoLButtonDown>},
+        {WM_LBUTTONUP, Ask<&vWIN::DoLButtonUp>},
+        {WM_LBUTTONDBLCLK, TellPoint<&vWIN::vMouseLeftDoublePress>},
+        {WM_RBUTTONDOWN, TellPoint<&vWIN::vMouseRightPress>},
+        {WM_RBUTTONUP, TellPoint<&vWIN::vMouseRightRelease>},
+        {WM_RBUTTONDBLCLK, TellPoint<&vWIN::vMouseRightDoublePress>},
+        {WM_MBUTTONDOWN, TellPoint<&vWIN::vMouseMiddlePress>},
+        {WM_MBUTTONUP, TellPoint<&vWIN::vMouseMiddleRelease>},
+        {WM_MBUTTONDBLCLK, TellPoint<&vWIN::vMouseMiddleDoublePress>},
+        // Keys and scrolling.
+        {WM_KEYDOWN, [](vWIN& w, WPARAM wp, LPARAM, LRESULT&) { w.vKeyDown(); return w.MSTranslateKey(wp); }},
+        {WM_CHAR, [](vWIN& w, WPARAM wp, LPARAM, LRESULT&) { return w.vCharacterKey(vCHAR(wp & CharacterBits)); }},
+        {WM_HSCROLL, Tell<&vWIN::DoHScroll>},
+        {WM_VSCROLL, Tell<&vWIN::DoVScroll>},
+        // Owner-drawn items.
+        {WM_DRAWITEM, AskItem<DRAWITEMSTRUCT, &vWIN::DoDrawItem>},
+        {WM_MEASUREITEM, AskItem<MEASUREITEMSTRUCT, &vWIN::DoMeasureItem>},
+        {WM_DELETEITEM, [](vWIN&, WPARAM, LPARAM, LRESULT& r) { return Answer(1, r); }},
+        {WM_COMPAREITEM, AskItem<COMPAREITEMSTRUCT, &vWIN::DoCompareItem>},
+        // The frame and dropped files.
+        {WM_NCMOUSEMOVE, Ask<&vWIN::DoNCMouseMove>},
+        {WM_NCLBUTTONDOWN, Ask<&vWIN::DoNCLButtonDown>},
+        {WM_NCLBUTTONUP, [](vWIN& w, WPARAM, LPARAM, LRESULT&) { return w.DoNCLButtonUp(); }},
+        {WM_DROPFILES, [](vWIN&, WPARAM, LPARAM, LRESULT&) { vSYSTEM::Trace(1, "vWIN::WM_DROPFILES"); return 0; }},
+    };
+    static constexpr auto rowOf = RowsByMessage(routes);
+    if (message < rowOf.size() && rowOf[message])
+        return routes[rowOf[message] - 1].handle(*this, wParam, lParam, result);
+    return DispatchRegistered(message, wParam, result);
 }
 
 // The messages that the programs of the family share. The family message
@@ -397,50 +405,34 @@ int vWIN::DoPaletteChanged(int foreground)
 }
 
 // The key code comes from the keyboard state that the message loop fed; the
-// function keys are told by the raw key itself.
+// function keys are told by the raw key itself. Tab with Control held is a
+// key of its own.
 int vWIN::MSTranslateKey(long key)
 {
-    vKEYBOARD& keyboard = vSYSTEM::GetKeyboard();
-    switch (keyboard.KeyCode()) {
-    case VK_BACK:
-        return vBackspaceKey();
-    case VK_TAB:
-        return keyboard.Ctr() ? vCtrTab() : vTabKey();
-    case VK_RETURN:
-        return vEnterKey();
-    case VK_ESCAPE:
-        return vEscapeKey();
-    case VK_PRIOR:
-        return vPageUpKey();
-    case VK_NEXT:
-        return vPageDownKey();
-    case VK_END:
-        return vEndKey();
-    case VK_HOME:
-        return vHomeKey();
-    default:
-        return MoveKey(keyboard.KeyCode(), key);
-    }
-}
-
-int vWIN::MoveKey(unsigned short code, long key)
-{
-    switch (code) {
-    case VK_LEFT:
-        return vArrowLeftKey();
-    case VK_UP:
-        return vArrowUpKey();
-    case VK_RIGHT:
-        return vArrowRightKey();
-    case VK_DOWN:
-        return vArrowDownKey();
-    case VK_INSERT:
-        return vInsertKey();
-    case VK_DELETE:
-        return vDeleteKey();
-    default:
-        return key >= VK_F1 && key <= VK_F24 ? vFunctionKey(key - (VK_F1 - 1)) : 0;
-    }
+    static const KEYROUTE keys[] = {
+        {VK_BACK, &vWIN::vBackspaceKey},
+        {VK_TAB, &vWIN::vTabKey},
+        {VK_RETURN, &vWIN::vEnterKey},
+        {VK_ESCAPE, &vWIN::vEscapeKey},
+        {VK_PRIOR, &vWIN::vPageUpKey},
+        {VK_NEXT, &vWIN::vPageDownKey},
+        {VK_END, &vWIN::vEndKey},
+        {VK_HOME, &vWIN::vHomeKey},
+        {VK_LEFT, &vWIN::vArrowLeftKey},
+        {VK_UP, &vWIN::vArrowUpKey},
+        {VK_RIGHT, &vWIN::vArrowRightKey},
+        {VK_DOWN, &vWIN::vArrowDownKey},
+        {VK_INSERT, &vWIN::vInsertKey},
+        {VK_DELETE, &vWIN::vDeleteKey},
+    };
+    const vKEYBOARD& keyboard = vSYSTEM::GetKeyboard();
+    vKEYCODE code = keyboard.KeyCode();
+    if (code == VK_TAB && keyboard.Ctr())
+        return vCtrTab();
+    for (const KEYROUTE& route : keys)
+        if (route.code == code)
+            return (this->*route.handle)();
+    return key >= VK_F1 && key <= VK_F24 ? vFunctionKey(key - (VK_F1 - 1)) : 0;
 }
 
 int vWIN::DoNCLButtonDown(WPARAM hit, LPARAM lParam)

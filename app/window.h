@@ -144,65 +144,91 @@ public:
     virtual vRECT Size() const;
     virtual vINT BorderWidth();
     virtual vINT BorderHeight();
-    virtual void UpdateView(const vCTRLID& id);
-    virtual int vQueryClose();
+    // Called by the update pass when a window this one depends on has
+    // changed.
+    virtual void UpdateView(const vCTRLID&) {}
+
+    // The handlers. Each does nothing by default and answers non-zero when it
+    // has handled the event; for the messages whose dispatch passes that
+    // answer on, a non-zero one keeps the platform's own processing from
+    // running.
+
+    // Window events and commands. A non-zero answer to the close question
+    // lets the close go on.
+    virtual int vQueryClose() { return 1; }
     virtual int vBorderDrag(vRECT* newRect, vRECT* oldRect);
-    virtual int vSize(const vRECT& client);
-    virtual int vIconize();
-    virtual int vActivate();
-    virtual int vDeactivate();
-    virtual int vCommand(const vCTRLID& id);
-    virtual int vCommandHint(const vCTRLID& id);
-    virtual int vClick(const vCTRLID& id);
-    virtual int vTimer(const vRESID& id);
-    virtual int vSettingChange();
-    virtual int vMouseMove(const vPOINT& point);
-    virtual int vMouseLeftPress(const vPOINT& point);
-    virtual int vMouseLeftRelease(const vPOINT& point);
-    virtual int vMouseMiddlePress(const vPOINT& point);
-    virtual int vMouseMiddleRelease(const vPOINT& point);
-    virtual int vMouseRightPress(const vPOINT& point);
-    virtual int vMouseRightRelease(const vPOINT& point);
-    virtual int vMouseLeftDoublePress(const vPOINT& point);
-    virtual int vMouseMiddleDoublePress(const vPOINT& point);
-    virtual int vMouseRightDoublePress(const vPOINT& point);
-    virtual int vGetFocus();
-    virtual int vReleaseFocus(vWIN* next);
-    virtual int vScrollPageUp();
-    virtual int vScrollPageDown();
-    virtual int vScrollPageLeft();
-    virtual int vScrollPageRight();
-    virtual int vScrollIncUp();
-    virtual int vScrollIncDown();
-    virtual int vScrollIncLeft();
-    virtual int vScrollIncRight();
-    virtual int vEscapeKey();
-    virtual int vTabKey();
-    virtual int vBackspaceKey();
-    virtual int vEnterKey();
-    virtual int vInsertKey();
-    virtual int vDeleteKey();
-    virtual int vHomeKey();
-    virtual int vEndKey();
-    virtual int vPageUpKey();
-    virtual int vPageDownKey();
-    virtual int vArrowUpKey();
-    virtual int vArrowDownKey();
-    virtual int vArrowLeftKey();
-    virtual int vArrowRightKey();
+    virtual int vSize(const vRECT& /*client*/) { return 0; }
+    virtual int vIconize() { return 0; }
+    virtual int vActivate() { return 0; }
+    virtual int vDeactivate() { return 0; }
+    virtual int vCommand(const vCTRLID&) { return 0; }
+    virtual int vCommandHint(const vCTRLID&) { return 0; }
+    virtual int vClick(const vCTRLID&) { return 0; }
+    virtual int vTimer(const vRESID&) { return 0; }
+    virtual int vSettingChange() { return 0; }
+
+    // The mouse, at points in client device units.
+    virtual int vMouseMove(const vPOINT&) { return 0; }
+    virtual int vMouseLeftPress(const vPOINT&) { return 0; }
+    virtual int vMouseLeftRelease(const vPOINT&) { return 0; }
+    virtual int vMouseMiddlePress(const vPOINT&) { return 0; }
+    virtual int vMouseMiddleRelease(const vPOINT&) { return 0; }
+    virtual int vMouseRightPress(const vPOINT&) { return 0; }
+    virtual int vMouseRightRelease(const vPOINT&) { return 0; }
+    virtual int vMouseLeftDoublePress(const vPOINT&) { return 0; }
+    virtual int vMouseMiddleDoublePress(const vPOINT&) { return 0; }
+    virtual int vMouseRightDoublePress(const vPOINT&) { return 0; }
+
+    // The focus; the window it goes to is null when that is no window of the
+    // library.
+    virtual int vGetFocus() { return 0; }
+    virtual int vReleaseFocus(vWIN* /*next*/) { return 0; }
+
+    // Scrolling.
+    virtual int vScrollPageUp() { return 0; }
+    virtual int vScrollPageDown() { return 0; }
+    virtual int vScrollPageLeft() { return 0; }
+    virtual int vScrollPageRight() { return 0; }
+    virtual int vScrollIncUp() { return 0; }
+    virtual int vScrollIncDown() { return 0; }
+    virtual int vScrollIncLeft() { return 0; }
+    virtual int vScrollIncRight() { return 0; }
+
+    // The keys.
+    virtual int vEscapeKey() { return 0; }
+    virtual int vTabKey() { return 0; }
+    virtual int vBackspaceKey() { return 0; }
+    virtual int vEnterKey() { return 0; }
+    virtual int vInsertKey() { return 0; }
+    virtual int vDeleteKey() { return 0; }
+    virtual int vHomeKey() { return 0; }
+    virtual int vEndKey() { return 0; }
+    virtual int vPageUpKey() { return 0; }
+    virtual int vPageDownKey() { return 0; }
+    virtual int vArrowUpKey() { return 0; }
+    virtual int vArrowDownKey() { return 0; }
+    virtual int vArrowLeftKey() { return 0; }
+    virtual int vArrowRightKey() { return 0; }
     // The one key handler that reports the key as handled by default, so
-    // function keys never reach the platform's own handling.
-    virtual int vFunctionKey(unsigned short number);
-    virtual int vCharacterKey(const vCHAR& character);
-    virtual int vKeyDown();
-    virtual int vDragInit(const vPOINT& point);
+    // function keys never reach the platform's own handling. F1 is 1.
+    virtual int vFunctionKey(unsigned short /*number*/) { return 1; }
+    virtual int vCharacterKey(const vCHAR&) { return 0; }
+    // Every key press, before the key's own handler.
+    virtual int vKeyDown() { return 0; }
+
+    // Drag and drop.
+    virtual int vDragInit(const vPOINT&) { return 0; }
     virtual void vDragFeedback(unsigned char state, const vPOINT& point);
-    virtual int vDragTerminate(const vTRANSFER& transfer, unsigned char state, int onTarget);
-    virtual int vDropTarget(const vTRANSFER& transfer, const vPOINT& point);
-    virtual int vDropTargetEnter();
-    virtual int vDropTargetOver(const vPOINT& point);
-    virtual int vDropTargetLeave();
-    virtual int vCtrTab();
+    virtual int vDragTerminate(const vTRANSFER&, unsigned char /*state*/, int /*onTarget*/) { return 0; }
+    virtual int vDropTarget(const vTRANSFER&, const vPOINT&) { return 0; }
+    virtual int vDropTargetEnter() { return 0; }
+    virtual int vDropTargetOver(const vPOINT&) { return 0; }
+    virtual int vDropTargetLeave() { return 0; }
+
+    // Tab with Control held. It comes last, apart from the other keys,
+    // because programs call the handlers by their place in the virtual table.
+    virtual int vCtrTab() { return 0; }
+
     virtual vRESID ResTemplate() const;
 
 protected:
@@ -347,15 +373,11 @@ private:
     template <typename VISIT>
     int WalkKin(VISIT visit);
 
-    static int Answer(int handled, LRESULT& result);
-    int MouseMessage(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result);
-    int FrameMessage(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result);
     int DispatchRegistered(unsigned int message, WPARAM wParam, LRESULT& result);
     int DoClose();
     int DoSetCursor();
     void ClaimPointer();
     int DragFeedbackAt(const vPOINT& point);
-    int MoveKey(unsigned short code, long key);
     int DoNCLButtonDown(WPARAM hit, LPARAM lParam);
     int DoNCLButtonUp();
     int DragFrame(unsigned int hit, POINT last, vRECT& rect);
