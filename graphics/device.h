@@ -290,7 +290,10 @@ private:
     HGDIOBJ firstBrush;
 };
 
-// The rest of the device family.
+// The rest of the device family; the devices on one platform handle share
+// their part of it.
+#include "graphics/handledevice.h"
+
 #include "graphics/bitmap.h"
 #include "graphics/deviceid.h"
 #include "graphics/fontdetail.h"

@@ -1,35 +1,15 @@
 #include "graphics/device.h"
 
-vDEVICEID::vDEVICEID(HDC hDC) : hDC(hDC) {}
+vDEVICEID::vDEVICEID(HDC hDC) : vHANDLEDEVICE(hDC) {}
 
 vDEVICEID::~vDEVICEID()
 {
     ReleaseDC();
 }
 
-vDEV_TYPE vDEVICEID::DeviceType()
-{
-    return vDEV_CONTEXT;
-}
-
-HDC vDEVICEID::GetWinDC()
-{
-    return GetMSDC();
-}
-
-int vDEVICEID::ReleaseWinDC()
-{
-    return ReleaseMSDC();
-}
-
-HDC vDEVICEID::operator()() const
-{
-    return hDC;
-}
-
 HDC vDEVICEID::GetMSDC()
 {
-    return hDC;
+    return (*this)();
 }
 
 int vDEVICEID::ReleaseMSDC()

@@ -4,20 +4,12 @@
 
 // A device on a context that someone else owns, such as the one an owner-drawn
 // item hands in: it draws there and never gives the context back.
-class ZKCORE_API vDEVICEID : public vDEVICE {
+class ZKCORE_API vDEVICEID : public vHANDLEDEVICE<HDC, vDEV_CONTEXT> {
 public:
     explicit vDEVICEID(HDC hDC);
     ~vDEVICEID() override;
 
-    vDEV_TYPE DeviceType() override;
-    HDC GetWinDC() override;
-    int ReleaseWinDC() override;
-    HDC operator()() const;
-
 protected:
     HDC GetMSDC() override;
     int ReleaseMSDC() override;
-
-private:
-    HDC hDC;
 };

@@ -4,6 +4,9 @@
 
 #include "base/memory.h"
 
+// The one copy of the primitives that every caller uses.
+template class vSTREAMPRIMITIVES<vFILE>;
+
 namespace {
 
 // The buffer: large enough that a run of primitives reaches the file in few
@@ -17,7 +20,7 @@ vFILE::vFILE()
     Constructor();
 }
 
-vFILE::vFILE(const vSTRING& name, unsigned long mode) : vSTREAM(name, mode)
+vFILE::vFILE(const vSTRING& name, unsigned long mode) : vSTREAMPRIMITIVES(name, mode)
 {
     Constructor();
     Open(mode & vSTREAM_CREATE ? CREATE_ALWAYS : OPEN_EXISTING);
@@ -25,7 +28,7 @@ vFILE::vFILE(const vSTRING& name, unsigned long mode) : vSTREAM(name, mode)
 
 // The duplicate shares the platform's file object, and with it the file
 // position, but each stream closes its own handle.
-vFILE::vFILE(const vFILE& other) : vSTREAM(other)
+vFILE::vFILE(const vFILE& other) : vSTREAMPRIMITIVES(other)
 {
     Constructor();
     status = vSTREAM_GOOD;
@@ -116,7 +119,7 @@ void vFILE::Flush()
 
 // A block as large as the buffer goes to the file at once, after what
 // waits in front of it; a buffer that cannot be had does the same.
-unsigned long vFILE::Write(const void* data, unsigned long size)
+unsigned long vFILE::Put(const void* data, unsigned long size)
 {
     if (handle == INVALID_HANDLE_VALUE) {
         status = vSTREAM_WRITEFAIL;
@@ -196,48 +199,9 @@ long vFILE::Read(void* data, unsigned long size)
     return done;
 }
 
-template <class T>
-T vFILE::Fetch()
+int vFILE::Get(void* data, unsigned long size)
 {
-    T value = 0;
-    if (Read(&value, sizeof value) != sizeof value)
-        value = 0;
-    return value;
-}
-
-unsigned long vFILE::ReadULong()
-{
-    return Fetch<unsigned long>();
-}
-
-unsigned short vFILE::ReadUWord()
-{
-    return Fetch<unsigned short>();
-}
-
-unsigned char vFILE::ReadUByte()
-{
-    return Fetch<unsigned char>();
-}
-
-long vFILE::ReadSLong()
-{
-    return static_cast<long>(ReadULong());
-}
-
-short vFILE::ReadSWord()
-{
-    return static_cast<short>(ReadUWord());
-}
-
-signed char vFILE::ReadSByte()
-{
-    return static_cast<signed char>(ReadUByte());
-}
-
-vOBJECT* vFILE::ReadPointer()
-{
-    return Fetch<vOBJECT*>();
+    return Read(data, size) == static_cast<long>(size);
 }
 
 long vFILE::ReadByteString(unsigned char* data, unsigned long size)
@@ -246,51 +210,6 @@ long vFILE::ReadByteString(unsigned char* data, unsigned long size)
         return 0;
     long got = Read(data, size);
     return got < 0 ? 0 : got;
-}
-
-unsigned short vFILE::WriteULong(unsigned long value)
-{
-    return static_cast<unsigned short>(Write(&value, sizeof value));
-}
-
-unsigned short vFILE::WriteUWord(unsigned short value)
-{
-    return static_cast<unsigned short>(Write(&value, sizeof value));
-}
-
-unsigned short vFILE::WriteUByte(unsigned char value)
-{
-    return static_cast<unsigned short>(Write(&value, sizeof value));
-}
-
-unsigned short vFILE::WriteSLong(long value)
-{
-    return static_cast<unsigned short>(Write(&value, sizeof value));
-}
-
-unsigned short vFILE::WriteSWord(short value)
-{
-    return static_cast<unsigned short>(Write(&value, sizeof value));
-}
-
-unsigned short vFILE::WriteSByte(signed char value)
-{
-    return static_cast<unsigned short>(Write(&value, sizeof value));
-}
-
-unsigned short vFILE::WritePointer(const vOBJECT* object)
-{
-    return static_cast<unsigned short>(Write(&object, sizeof object));
-}
-
-unsigned long vFILE::WriteByteString(const unsigned char* text)
-{
-    return text ? Write(text, std::strlen(reinterpret_cast<const char*>(text))) : 0;
-}
-
-unsigned long vFILE::WriteBlock(const unsigned char* data, unsigned long size)
-{
-    return data && size ? Write(data, size) : 0;
 }
 
 // Waiting bytes go first and bytes read ahead are given back, so that the

@@ -8,7 +8,7 @@
 // the file and reach it in one call when the buffer fills, the stream moves
 // or reads, or the file closes. Small reads are served from the same buffer,
 // filled a block at a time; a write or a move gives the unread rest back.
-class ZKCORE_API vFILE : public vSTREAM {
+class ZKCORE_API vFILE : public vSTREAMPRIMITIVES<vFILE> {
 public:
     vFILE();
     // Opens the named file as the mode asks. A file that cannot be opened
@@ -28,24 +28,7 @@ public:
     // 0 if that fails.
     int ReOpen() override;
 
-    unsigned long ReadULong() override;
-    unsigned short ReadUWord() override;
-    unsigned char ReadUByte() override;
-    long ReadSLong() override;
-    short ReadSWord() override;
-    signed char ReadSByte() override;
-    vOBJECT* ReadPointer() override;
     long ReadByteString(unsigned char* buffer, unsigned long count) override;
-
-    unsigned short WriteULong(unsigned long value) override;
-    unsigned short WriteUWord(unsigned short value) override;
-    unsigned short WriteUByte(unsigned char value) override;
-    unsigned short WriteSLong(long value) override;
-    unsigned short WriteSWord(short value) override;
-    unsigned short WriteSByte(signed char value) override;
-    unsigned short WritePointer(const vOBJECT* object) override;
-    unsigned long WriteByteString(const unsigned char* text) override;
-    unsigned long WriteBlock(const unsigned char* data, unsigned long count) override;
 
     unsigned long MoveFromCur(long distance) override;
     unsigned long MoveFromStart(unsigned long position) override;
@@ -56,18 +39,20 @@ public:
     int AtEnd() const override;
 
 private:
+    friend class vSTREAMPRIMITIVES<vFILE>;
+
     vFILE& operator=(const vFILE&) = delete;
 
     void Constructor();
     void Open(DWORD disposition);
-    unsigned long Write(const void* data, unsigned long size);
+    // The byte movers of the primitives. A short read still takes what
+    // came, and ends the stream.
+    unsigned long Put(const void* data, unsigned long size);
+    int Get(void* data, unsigned long size);
     void Flush();
     void SetReadStatus(long wanted, long got);
     // The number of bytes that came, or -1 when the platform refused.
     long Read(void* data, unsigned long size);
-    // A primitive that cannot be read whole answers 0.
-    template <class T>
-    T Fetch();
     int HasBuffer();
     int ReadAhead();
     unsigned long TakeReadAhead(unsigned char* data, unsigned long size);

@@ -4,6 +4,9 @@
 
 #include "base/memory.h"
 
+// The one copy of the primitives that every caller uses.
+template class vSTREAMPRIMITIVES<vMEMSTREAM>;
+
 namespace {
 
 // What a fresh stream allocates before its first write.
@@ -16,7 +19,7 @@ vMEMSTREAM::vMEMSTREAM() : vMEMSTREAM(vSTRING(), 0)
 }
 
 vMEMSTREAM::vMEMSTREAM(const vSTRING& name, unsigned long mode)
-    : vSTREAM(name, mode),
+    : vSTREAMPRIMITIVES(name, mode),
       data(static_cast<unsigned char*>(vMemAlloc(FirstCapacity))),
       position(0),
       size(0),
@@ -29,7 +32,7 @@ vMEMSTREAM::vMEMSTREAM(const vSTRING& name, unsigned long mode)
 
 vMEMSTREAM::vMEMSTREAM(unsigned char** block, unsigned long size, const vSTRING& name, int owner,
                        unsigned long mode)
-    : vSTREAM(name, mode),
+    : vSTREAMPRIMITIVES(name, mode),
       data(block ? *block : nullptr),
       position(0),
       size(data ? size : 0),
@@ -43,7 +46,7 @@ vMEMSTREAM::vMEMSTREAM(unsigned char** block, unsigned long size, const vSTRING&
 // The block has one owner; a view that freed or moved it would pull it from
 // under the other.
 vMEMSTREAM::vMEMSTREAM(const vMEMSTREAM& other)
-    : vSTREAM(other),
+    : vSTREAMPRIMITIVES(other),
       data(other.data),
       position(other.position),
       size(other.size),
@@ -82,16 +85,6 @@ void vMEMSTREAM::Release()
         *handle = nullptr;
 }
 
-template <class T>
-T vMEMSTREAM::Fetch(T (vSTREAM::*same)())
-{
-    if (delegate)
-        return (delegate->*same)();
-    T value = 0;
-    Get(&value, sizeof value);
-    return value;
-}
-
 int vMEMSTREAM::Get(void* out, unsigned long width)
 {
     if (position > size || size - position < width) {
@@ -101,41 +94,6 @@ int vMEMSTREAM::Get(void* out, unsigned long width)
     std::memcpy(out, data + position, width);
     position += width;
     return 1;
-}
-
-unsigned long vMEMSTREAM::ReadULong()
-{
-    return Fetch(&vSTREAM::ReadULong);
-}
-
-unsigned short vMEMSTREAM::ReadUWord()
-{
-    return Fetch(&vSTREAM::ReadUWord);
-}
-
-unsigned char vMEMSTREAM::ReadUByte()
-{
-    return Fetch(&vSTREAM::ReadUByte);
-}
-
-long vMEMSTREAM::ReadSLong()
-{
-    return Fetch(&vSTREAM::ReadSLong);
-}
-
-short vMEMSTREAM::ReadSWord()
-{
-    return Fetch(&vSTREAM::ReadSWord);
-}
-
-signed char vMEMSTREAM::ReadSByte()
-{
-    return Fetch(&vSTREAM::ReadSByte);
-}
-
-vOBJECT* vMEMSTREAM::ReadPointer()
-{
-    return Fetch(&vSTREAM::ReadPointer);
 }
 
 long vMEMSTREAM::ReadByteString(unsigned char* buffer, unsigned long count)
@@ -188,51 +146,6 @@ unsigned long vMEMSTREAM::Put(const void* in, unsigned long width)
     if (position > size)
         size = position;
     return width;
-}
-
-unsigned short vMEMSTREAM::WriteULong(unsigned long value)
-{
-    return static_cast<unsigned short>(Put(&value, sizeof value));
-}
-
-unsigned short vMEMSTREAM::WriteUWord(unsigned short value)
-{
-    return static_cast<unsigned short>(Put(&value, sizeof value));
-}
-
-unsigned short vMEMSTREAM::WriteUByte(unsigned char value)
-{
-    return static_cast<unsigned short>(Put(&value, sizeof value));
-}
-
-unsigned short vMEMSTREAM::WriteSLong(long value)
-{
-    return static_cast<unsigned short>(Put(&value, sizeof value));
-}
-
-unsigned short vMEMSTREAM::WriteSWord(short value)
-{
-    return static_cast<unsigned short>(Put(&value, sizeof value));
-}
-
-unsigned short vMEMSTREAM::WriteSByte(signed char value)
-{
-    return static_cast<unsigned short>(Put(&value, sizeof value));
-}
-
-unsigned short vMEMSTREAM::WritePointer(const vOBJECT* object)
-{
-    return static_cast<unsigned short>(Put(&object, sizeof object));
-}
-
-unsigned long vMEMSTREAM::WriteByteString(const unsigned char* text)
-{
-    return text ? Put(text, std::strlen(reinterpret_cast<const char*>(text))) : 0;
-}
-
-unsigned long vMEMSTREAM::WriteBlock(const unsigned char* block, unsigned long count)
-{
-    return block ? Put(block, count) : 0;
 }
 
 // Taken as unsigned, a move to before the start lands beyond the end, so

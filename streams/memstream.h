@@ -5,7 +5,7 @@
 // A stream on a block of memory, its own or a caller's. A block the stream
 // is responsible for grows as writes need; the caller's pointer to it, when
 // the stream was given one, follows the block when it moves.
-class ZKCORE_API vMEMSTREAM : public vSTREAM {
+class ZKCORE_API vMEMSTREAM : public vSTREAMPRIMITIVES<vMEMSTREAM> {
 public:
     vMEMSTREAM();
     vMEMSTREAM(const vSTRING& name, unsigned long mode);
@@ -24,24 +24,7 @@ public:
     // now shares but must not grow it.
     vMEMSTREAM& operator=(vMEMSTREAM& other);
 
-    unsigned long ReadULong() override;
-    unsigned short ReadUWord() override;
-    unsigned char ReadUByte() override;
-    long ReadSLong() override;
-    short ReadSWord() override;
-    signed char ReadSByte() override;
-    vOBJECT* ReadPointer() override;
     long ReadByteString(unsigned char* buffer, unsigned long count) override;
-
-    unsigned short WriteULong(unsigned long value) override;
-    unsigned short WriteUWord(unsigned short value) override;
-    unsigned short WriteUByte(unsigned char value) override;
-    unsigned short WriteSLong(long value) override;
-    unsigned short WriteSWord(short value) override;
-    unsigned short WriteSByte(signed char value) override;
-    unsigned short WritePointer(const vOBJECT* object) override;
-    unsigned long WriteByteString(const unsigned char* text) override;
-    unsigned long WriteBlock(const unsigned char* data, unsigned long count) override;
 
     // A move before the start wraps and lands on the end, with vSTREAM_END.
     unsigned long MoveFromCur(long distance) override;
@@ -54,10 +37,10 @@ public:
     int AtEnd() const override;
 
 private:
-    // A primitive read: through the delegate when there is one, else a copy
-    // from the valid bytes.
-    template <class T>
-    T Fetch(T (vSTREAM::*same)());
+    friend class vSTREAMPRIMITIVES<vMEMSTREAM>;
+
+    // Takes every read when there is one.
+    vSTREAM* Delegate() const { return delegate; }
     // Copies out of the valid bytes only: a read past them copies nothing
     // and ends the stream, for the block beyond them is not the stream's.
     int Get(void* out, unsigned long width);

@@ -1,9 +1,10 @@
 #include "streams/olestream.h"
 
-#include <cstring>
+// The one copy of the primitives that every caller uses.
+template class vSTREAMPRIMITIVES<vOLESTREAM>;
 
 vOLESTREAM::vOLESTREAM(IStream* const* stream, const vSTRING& name, unsigned long mode)
-    : vSTREAM(name, mode), stream(stream ? *stream : nullptr), position(0), size(0), limit(0)
+    : vSTREAMPRIMITIVES(name, mode), stream(stream ? *stream : nullptr), position(0), size(0), limit(0)
 {
     if (!this->stream)
         return;
@@ -17,7 +18,11 @@ vOLESTREAM::vOLESTREAM(IStream* const* stream, const vSTRING& name, unsigned lon
 }
 
 vOLESTREAM::vOLESTREAM(const vOLESTREAM& other)
-    : vSTREAM(other), stream(other.stream), position(other.position), size(other.size), limit(other.limit)
+    : vSTREAMPRIMITIVES(other),
+      stream(other.stream),
+      position(other.position),
+      size(other.size),
+      limit(other.limit)
 {
 }
 
@@ -36,51 +41,7 @@ int vOLESTREAM::Get(void* out, unsigned long width)
     }
     if (got)
         Seek(-static_cast<long long>(got), STREAM_SEEK_CUR);
-    std::memset(out, 0, width);
     return 0;
-}
-
-template <class T>
-T vOLESTREAM::Fetch()
-{
-    T value = 0;
-    Get(&value, sizeof value);
-    return value;
-}
-
-unsigned long vOLESTREAM::ReadULong()
-{
-    return Fetch<unsigned long>();
-}
-
-unsigned short vOLESTREAM::ReadUWord()
-{
-    return Fetch<unsigned short>();
-}
-
-unsigned char vOLESTREAM::ReadUByte()
-{
-    return Fetch<unsigned char>();
-}
-
-long vOLESTREAM::ReadSLong()
-{
-    return Fetch<long>();
-}
-
-short vOLESTREAM::ReadSWord()
-{
-    return Fetch<short>();
-}
-
-signed char vOLESTREAM::ReadSByte()
-{
-    return Fetch<signed char>();
-}
-
-vOBJECT* vOLESTREAM::ReadPointer()
-{
-    return Fetch<vOBJECT*>();
 }
 
 long vOLESTREAM::ReadByteString(unsigned char* buffer, unsigned long count)
@@ -101,51 +62,6 @@ unsigned long vOLESTREAM::Put(const void* in, unsigned long width)
     if (position > size)
         size = position;
     return put;
-}
-
-unsigned short vOLESTREAM::WriteULong(unsigned long value)
-{
-    return static_cast<unsigned short>(Put(&value, sizeof value));
-}
-
-unsigned short vOLESTREAM::WriteUWord(unsigned short value)
-{
-    return static_cast<unsigned short>(Put(&value, sizeof value));
-}
-
-unsigned short vOLESTREAM::WriteUByte(unsigned char value)
-{
-    return static_cast<unsigned short>(Put(&value, sizeof value));
-}
-
-unsigned short vOLESTREAM::WriteSLong(long value)
-{
-    return static_cast<unsigned short>(Put(&value, sizeof value));
-}
-
-unsigned short vOLESTREAM::WriteSWord(short value)
-{
-    return static_cast<unsigned short>(Put(&value, sizeof value));
-}
-
-unsigned short vOLESTREAM::WriteSByte(signed char value)
-{
-    return static_cast<unsigned short>(Put(&value, sizeof value));
-}
-
-unsigned short vOLESTREAM::WritePointer(const vOBJECT* object)
-{
-    return static_cast<unsigned short>(Put(&object, sizeof object));
-}
-
-unsigned long vOLESTREAM::WriteByteString(const unsigned char* text)
-{
-    return text ? Put(text, std::strlen(reinterpret_cast<const char*>(text))) : 0;
-}
-
-unsigned long vOLESTREAM::WriteBlock(const unsigned char* data, unsigned long count)
-{
-    return data && count ? Put(data, count) : 0;
 }
 
 // A move the platform refuses, such as one to before the start, leaves the

@@ -131,7 +131,10 @@ private:
     unsigned long writerState;
 };
 
-// The concrete streams come with the chief header.
+// The concrete streams come with the chief header, each on the primitives
+// that it builds from its byte movers.
+#include "streams/primitives.h"
+
 #include "streams/file.h"
 #include "streams/memstream.h"
 #include "streams/olestream.h"

@@ -120,6 +120,9 @@ TEST_F(MemStreamTest, AWriteBeyondTheEndFillsTheGapWithZeros)
     vMEMSTREAM stream;
     stream.WriteUByte(7);
     EXPECT_EQ(stream.MoveFromEnd(-3), 4UL);
+    const unsigned char nothing[1] = {};
+    EXPECT_EQ(stream.WriteBlock(nothing, 0), 0UL);
+    EXPECT_EQ(stream.Size(), 1UL) << "an empty block fills no gap";
     stream.WriteUByte(8);
     unsigned char read[5] = {9, 9, 9, 9, 9};
     stream.MoveFromStart(0);

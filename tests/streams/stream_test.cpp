@@ -264,6 +264,53 @@ TEST_F(StreamTest, FlagsAreRecordedButThePrimitivesKeepMemoryOrder)
     EXPECT_EQ(stream.ReadUWord(), 0x0102);
 }
 
+// Reads every unsigned value one higher than it stands, as a stream that
+// decodes its values its own way would.
+template <class Base>
+class OneHigher : public Base {
+public:
+    using Base::Base;
+    unsigned long ReadULong() override { return Base::ReadULong() + 1; }
+    unsigned short ReadUWord() override { return static_cast<unsigned short>(Base::ReadUWord() + 1); }
+    unsigned char ReadUByte() override { return static_cast<unsigned char>(Base::ReadUByte() + 1); }
+};
+
+void ExpectSignedReadsOneHigher(vSTREAM& stream)
+{
+    stream.WriteSLong(-2);
+    stream.WriteSWord(-300);
+    stream.WriteSByte(-128);
+    stream.MoveFromStart(0);
+    EXPECT_EQ(stream.ReadSLong(), -1);
+    EXPECT_EQ(stream.ReadSWord(), -299);
+    EXPECT_EQ(stream.ReadSByte(), -127);
+}
+
+// A derived stream that reads its unsigned values another way reads its
+// signed values that way too, on every kind of stream.
+TEST_F(StreamTest, SignedReadsPassOnWhatTheUnsignedReadsOfADerivedStreamGive)
+{
+    {
+        SCOPED_TRACE("memory");
+        OneHigher<vMEMSTREAM> memory;
+        ExpectSignedReadsOneHigher(memory);
+    }
+    std::string path = zktest::TemporaryPath("zks");
+    {
+        SCOPED_TRACE("file");
+        OneHigher<vFILE> file(vSTRING("%s", path.c_str()), vSTREAM_CREATE);
+        ExpectSignedReadsOneHigher(file);
+    }
+    DeleteFileA(path.c_str());
+    IStream* platform = zktest::OleKind::Empty();
+    {
+        SCOPED_TRACE("ole");
+        OneHigher<vOLESTREAM> ole(&platform, vSTRING(), 0);
+        ExpectSignedReadsOneHigher(ole);
+    }
+    platform->Release();
+}
+
 TEST_F(StreamTest, AStreamSaysItIsOneAndTheBaseOperationsAnswerZero)
 {
     vMEMSTREAM stream;
