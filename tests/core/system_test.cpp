@@ -42,35 +42,34 @@ int ReportSystem(const std::vector<std::string>&)
 }
 zktest::ChildEntry reportSystem("report-system", ReportSystem);
 
+void ExpectReport(zktest::Child& child, const char* level, const char* instance)
+{
+    EXPECT_EQ(child.ReadLine(), level);
+    EXPECT_EQ(child.ReadLine(), Messages());
+    EXPECT_EQ(child.ReadLine(), "[--zk-child=report-system   alpha \"beta gamma\"]");
+    EXPECT_EQ(child.ReadLine(), instance);
+    EXPECT_EQ(child.ReadLine(), "stable");
+}
+
 // The command is the line after the program's own name, quoted or not, and
 // the blanks after it. While one instance runs a second finds it, and once it
 // has gone the next start is a first instance again. Registered messages are
 // the same in every process; the trace level comes from the environment.
 TEST_F(SystemTest, ChildProcessesSeeTheirCommandTraceLevelMessagesAndPreviousInstance)
 {
-    struct Row { const char* traceLevel; const char* level; const char* instance; };
-    const Row rows[] = {{"3", "3", "first"}, {"rubbish", "0", "second"}, {nullptr, "0", "first"}};
-    zktest::Child* running = nullptr;
-    for (const Row& row : rows) {
-        SetEnvironmentVariableA("ZK_TRACE_LEVEL", row.traceLevel);
-        zktest::Child* child = new zktest::Child("report-system", "  alpha \"beta gamma\"");
-        EXPECT_EQ(child->ReadLine(), row.level);
-        EXPECT_EQ(child->ReadLine(), Messages());
-        EXPECT_EQ(child->ReadLine(), "[--zk-child=report-system   alpha \"beta gamma\"]");
-        EXPECT_EQ(child->ReadLine(), row.instance);
-        EXPECT_EQ(child->ReadLine(), "stable");
-        if (running) {
-            for (zktest::Child* done : {child, running}) {
-                done->WriteLine("quit");
-                EXPECT_EQ(done->Wait(), 0u);
-                delete done;
-            }
-            running = nullptr;
-        } else {
-            running = child;
+    // Twice, so that the second round's first instance starts after the first round's have gone.
+    for (auto levels : {std::make_pair("3", "rubbish"), std::make_pair("1", static_cast<const char*>(nullptr))}) {
+        SetEnvironmentVariableA("ZK_TRACE_LEVEL", levels.first);
+        zktest::Child first("report-system", "  alpha \"beta gamma\"");
+        ExpectReport(first, levels.first, "first");
+        SetEnvironmentVariableA("ZK_TRACE_LEVEL", levels.second);
+        zktest::Child second("report-system", "  alpha \"beta gamma\"");
+        ExpectReport(second, "0", "second");
+        for (zktest::Child* child : {&second, &first}) {
+            child->WriteLine("quit");
+            EXPECT_EQ(child->Wait(), 0u);
         }
     }
-    delete running;
 }
 
 // A site prints when the level is at or above its own; level 0 always prints.
