@@ -123,9 +123,9 @@ TEST_F(StringTest, CutsAtDelimiters)
     }
     // Removing from the end keeps the text before the last delimiter and answers the rest.
     struct Cut { const char* text; char delimiter; const char *kept, *result; };
-    for (const Cut& row : {Cut{"NAME.BMP", '.', "NAME", "BMP"}, Cut{"NAME", '.', "NAME", "NAME"}, Cut{"A.B.C", '.', "A.B", "C"},
-                           Cut{"C:\\DIR\\FILE.TXT", '\\', "C:\\DIR", "FILE.TXT"}, Cut{"C:\\DIR\\", '\\', "C:\\DIR", ""},
-                           Cut{".", '.', "", ""}, Cut{"", '.', "", ""}}) {
+    for (const Cut& row : {Cut{"NAME.BMP", '.', "NAME", "BMP"}, Cut{"NAME", '.', "NAME", "NAME"},
+                           Cut{"A.B.C", '.', "A.B", "C"}, Cut{"C:\\DIR\\FILE.TXT", '\\', "C:\\DIR", "FILE.TXT"},
+                           Cut{"C:\\DIR\\", '\\', "C:\\DIR", ""}, Cut{".", '.', "", ""}, Cut{"", '.', "", ""}}) {
         vSTRING text(row.text);
         EXPECT_STREQ(text.RemoveFromEnd(vCHAR(row.delimiter))(), row.result) << row.text;
         EXPECT_STREQ(text(), row.kept) << row.text;
@@ -142,9 +142,10 @@ TEST_F(StringTest, CutsAtDelimiters)
 TEST_F(StringTest, FindsAndCountsWithoutOverlapAndConvertsCase)
 {
     struct Search { const char *text, *needle, *found; unsigned short occurrences; };
-    for (const Search& row : {Search{"BMP DIB", "DIB", "DIB", 1}, Search{"BMP", "M", "MP", 1}, Search{"BMP", "TIF", "", 0},
-                              Search{"banana", "an", "anana", 2}, Search{"aaaa", "aa", "aaaa", 2},
-                              Search{"abc", "abcd", "", 0}, Search{"abc", "", "abc", 0}, Search{"ABC", "abc", "", 0}}) {
+    for (const Search& row : {Search{"BMP DIB", "DIB", "DIB", 1}, Search{"BMP", "M", "MP", 1},
+                              Search{"BMP", "TIF", "", 0}, Search{"banana", "an", "anana", 2},
+                              Search{"aaaa", "aa", "aaaa", 2}, Search{"abc", "abcd", "", 0}, Search{"abc", "", "abc", 0},
+                              Search{"ABC", "abc", "", 0}}) {
         vSTRING text(row.text), needle(row.needle);
         EXPECT_STREQ(text.GetSubString(needle)(), row.found) << row.text << " / " << row.needle;
         EXPECT_EQ(text.NoOfOccurance(needle), row.occurrences) << row.text << " / " << row.needle;
@@ -160,9 +161,9 @@ TEST_F(StringTest, FindsAndCountsWithoutOverlapAndConvertsCase)
 TEST_F(StringTest, ComparesBytesAsSignedCharactersWithCase)
 {
     struct Order { const char *left, *right; bool greater, equal; };
-    for (const Order& row : {Order{"b", "a", 1, 0}, Order{"a", "b", 0, 0}, Order{"a", "a", 0, 1}, Order{"ab", "a", 1, 0},
-                             Order{"a", "ab", 0, 0}, Order{"a", "B", 1, 0}, Order{"A", "\xE9", 1, 0},
-                             Order{"a", "a\xE9", 0, 0}, Order{"", "", 0, 1}}) {
+    for (const Order& row : {Order{"b", "a", 1, 0}, Order{"a", "b", 0, 0}, Order{"a", "a", 0, 1},
+                             Order{"ab", "a", 1, 0}, Order{"a", "ab", 0, 0}, Order{"a", "B", 1, 0},
+                             Order{"A", "\xE9", 1, 0}, Order{"a", "a\xE9", 0, 0}, Order{"", "", 0, 1}}) {
         vSTRING left(row.left), right(row.right);
         EXPECT_EQ(left > right, row.greater) << row.left << " > " << row.right;
         EXPECT_EQ(left == right, row.equal) << row.left << " == " << row.right;
