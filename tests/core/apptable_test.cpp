@@ -1,6 +1,4 @@
-#include <set>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "base/iterator.h"
@@ -11,214 +9,108 @@
 
 namespace {
 
-vAPP* FakeApp(int n)
-{
-    return reinterpret_cast<vAPP*>(0x1000 + 16 * n);
-}
+vAPP* FakeApp(int n) { return reinterpret_cast<vAPP*>(0x1000 + 16 * n); }
 
 HWND MakeWindow()
 {
     return CreateWindowExA(0, "STATIC", "app table test", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr);
 }
 
-std::string HandleText(HWND window)
-{
-    return std::to_string(reinterpret_cast<uintptr_t>(window));
-}
+HWND HandleFrom(const std::string& text) { return reinterpret_cast<HWND>(std::stoull(text.empty() ? "0" : text)); }
 
-HWND HandleFrom(const std::string& text)
-{
-    return reinterpret_cast<HWND>(static_cast<uintptr_t>(std::stoul(text.empty() ? "0" : text)));
-}
+struct Walked { HINSTANCE instance; HWND frame, client; };
 
-struct Walked {
-    HINSTANCE instance;
-    HWND frame;
-    HWND client;
-};
-
-std::vector<Walked> WalkTable()
+// The entries the system walks, and where the walk's iterator stood after it.
+std::vector<Walked> WalkTable(unsigned short* stepsTaken = nullptr)
 {
     std::vector<Walked> found;
     ITERATOR iterator;
-    Walked entry{};
-    while (vSYSTEMACCESS::GetTavikApp(iterator, entry.instance, entry.frame, entry.client))
+    for (Walked entry{}; vSYSTEMACCESS::GetTavikApp(iterator, entry.instance, entry.frame, entry.client);)
         found.push_back(entry);
+    if (stepsTaken)
+        *stepsTaken = iterator();
     return found;
 }
 
-bool TableHasFrame(HWND frame)
+const Walked* Find(const std::vector<Walked>& walked, HWND frame)
 {
-    for (const Walked& entry : WalkTable())
+    for (const Walked& entry : walked)
         if (entry.frame == frame)
-            return true;
-    return false;
+            return &entry;
+    return nullptr;
 }
 
 class AppTableTest : public zktest::LeakFreeTest {};
 
-TEST_F(AppTableTest, AnApplicationIsWalkedOnlyOnceItHasItsWindows)
+// An application is walked only once it has its windows; the walk's iterator
+// counts on past every entry it gave.
+TEST_F(AppTableTest, AnApplicationIsWalkedFromRegistrationWithWindowsToUnregistration)
 {
-    HWND frame = MakeWindow();
-    HWND client = MakeWindow();
-    size_t before = WalkTable().size();
 
+    HWND frame = MakeWindow(), client = MakeWindow();
+    size_t before = WalkTable().size();
     vSYSTEMACCESS::RegisterApp(FakeApp(1), nullptr, nullptr, nullptr);
     EXPECT_EQ(vSYSTEM::ActiveApp(), FakeApp(1));
     EXPECT_EQ(WalkTable().size(), before);
-
-    HINSTANCE instance = GetModuleHandleA(nullptr);
-    vSYSTEMACCESS::RegisterApp(FakeApp(1), instance, frame, client);
-    std::vector<Walked> walked = WalkTable();
+    vSYSTEMACCESS::RegisterApp(FakeApp(1), GetModuleHandleA(nullptr), frame, client);
+    unsigned short steps = 0;
+    std::vector<Walked> walked = WalkTable(&steps);
     ASSERT_EQ(walked.size(), before + 1);
-    EXPECT_TRUE(TableHasFrame(frame));
-    for (const Walked& entry : walked)
-        if (entry.frame == frame) {
-            EXPECT_EQ(entry.instance, instance);
-            EXPECT_EQ(entry.client, client);
-        }
-
+    ASSERT_NE(Find(walked, frame), nullptr);
+    EXPECT_EQ(Find(walked, frame)->instance, GetModuleHandleA(nullptr));
+    EXPECT_EQ(Find(walked, frame)->client, client);
+    EXPECT_GE(steps, walked.size());
     vSYSTEMACCESS::UnregisterApp(FakeApp(1));
     EXPECT_EQ(vSYSTEM::ActiveApp(), nullptr);
-    EXPECT_FALSE(TableHasFrame(frame));
+    EXPECT_EQ(Find(WalkTable(), frame), nullptr);
     DestroyWindow(frame);
     DestroyWindow(client);
 }
 
-TEST_F(AppTableTest, WalkCountsOnPastTheEnd)
+// The child swaps the roles of its two windows as fast as it can, then ends
+// without unregistering.
+int FlipAndVanish(const std::vector<std::string>&)
 {
-    HWND frame = MakeWindow();
-    vSYSTEMACCESS::RegisterApp(FakeApp(2), nullptr, frame, frame);
-    ITERATOR iterator;
-    HINSTANCE instance;
-    HWND walkedFrame, client;
-    int steps = 0;
-    while (vSYSTEMACCESS::GetTavikApp(iterator, instance, walkedFrame, client))
-        ++steps;
-    EXPECT_GE(steps, 1);
-    EXPECT_GE(iterator(), steps);
-    EXPECT_EQ(vSYSTEMACCESS::GetTavikApp(iterator, instance, walkedFrame, client), 0);
-    vSYSTEMACCESS::UnregisterApp(FakeApp(2));
-    DestroyWindow(frame);
-}
-
-int RegisterInChild(const std::vector<std::string>&)
-{
-    HWND frame = MakeWindow();
-    HWND client = MakeWindow();
-    vSYSTEMACCESS::RegisterApp(FakeApp(7), nullptr, nullptr, nullptr);
-    zktest::Report("half");
-    zktest::Listen();
-    vSYSTEMACCESS::RegisterApp(FakeApp(7), GetModuleHandleA(nullptr), frame, client);
-    zktest::Report(HandleText(frame) + " " + HandleText(client));
-    zktest::Listen();
-    vSYSTEMACCESS::UnregisterApp(FakeApp(7));
-    zktest::Report("gone");
-    zktest::Listen();
-    return 0;
-}
-zktest::ChildEntry registerInChild("register-app", RegisterInChild);
-
-TEST_F(AppTableTest, AnotherProgramIsSeenWhileRegistered)
-{
-    size_t before = WalkTable().size();
-    zktest::Child child("register-app");
-    ASSERT_EQ(child.ReadLine(), "half");
-    EXPECT_EQ(WalkTable().size(), before);
-
-    child.WriteLine("windows");
-    std::string handles = child.ReadLine();
-    size_t blank = handles.find(' ');
-    ASSERT_NE(blank, std::string::npos);
-    HWND frame = HandleFrom(handles.substr(0, blank));
-    HWND client = HandleFrom(handles.substr(blank + 1));
-    bool seen = false;
-    for (const Walked& entry : WalkTable())
-        if (entry.frame == frame) {
-            seen = true;
-            EXPECT_EQ(entry.client, client);
-        }
-    EXPECT_TRUE(seen);
-
-    child.WriteLine("unregister");
-    ASSERT_EQ(child.ReadLine(), "gone");
-    EXPECT_FALSE(TableHasFrame(frame));
-    child.WriteLine("quit");
-    EXPECT_EQ(child.Wait(), 0u);
-}
-
-// The child swaps the roles of its two windows as fast as it can; a reader
-// must never see the frame of one registration with the client of the other.
-int FlipInChild(const std::vector<std::string>&)
-{
-    HWND first = MakeWindow();
-    HWND second = MakeWindow();
+    HWND first = MakeWindow(), second = MakeWindow();
     vSYSTEMACCESS::RegisterApp(FakeApp(8), nullptr, first, second);
-    zktest::Report(HandleText(first) + " " + HandleText(second));
+    zktest::Report(std::to_string(reinterpret_cast<uintptr_t>(first)) + " " +
+                   std::to_string(reinterpret_cast<uintptr_t>(second)));
     for (int flip = 0; flip < 4000; ++flip)
-        if (flip % 2)
-            vSYSTEMACCESS::RegisterApp(FakeApp(8), nullptr, first, second);
-        else
-            vSYSTEMACCESS::RegisterApp(FakeApp(8), nullptr, second, first);
-    vSYSTEMACCESS::UnregisterApp(FakeApp(8));
+        vSYSTEMACCESS::RegisterApp(FakeApp(8), nullptr, flip % 2 ? first : second, flip % 2 ? second : first);
     zktest::Report("done");
     return 0;
 }
-zktest::ChildEntry flipInChild("flip-app", FlipInChild);
+zktest::ChildEntry flipAndVanish("flip-and-vanish", FlipAndVanish);
 
-TEST_F(AppTableTest, WalkingIsSafeWhileAnotherProgramRegisters)
+// Another program is seen while it runs, never with the frame of one
+// registration and the client of the other, and not at all once it has ended:
+// its slot is free again, and the table holds its capacity.
+TEST_F(AppTableTest, OtherProgramsAreWalkedWholeAndForgottenWhenTheyEnd)
 {
-    zktest::Child child("flip-app");
+    zktest::Child child("flip-and-vanish");
     std::string handles = child.ReadLine();
-    size_t blank = handles.find(' ');
-    ASSERT_NE(blank, std::string::npos);
-    HWND first = HandleFrom(handles.substr(0, blank));
-    HWND second = HandleFrom(handles.substr(blank + 1));
-    int sightings = 0;
-    int torn = 0;
-    while (child.ReadLine(0).empty() && child.Wait(0) == STILL_ACTIVE) {
-        for (const Walked& entry : WalkTable()) {
-            if (entry.frame != first && entry.frame != second)
-                continue;
-            ++sightings;
-            if (entry.client != (entry.frame == first ? second : first))
-                ++torn;
-        }
-    }
+    HWND first = HandleFrom(handles.substr(0, handles.find(' ')));
+    HWND second = HandleFrom(handles.substr(handles.find(' ') + 1));
+    int sightings = 0, torn = 0;
+    while (child.ReadLine(0).empty() && child.Wait(0) == STILL_ACTIVE)
+        for (const Walked& entry : WalkTable())
+            if (entry.frame == first || entry.frame == second) {
+                ++sightings;
+                torn += entry.client != (entry.frame == first ? second : first);
+            }
     EXPECT_GT(sightings, 0);
     EXPECT_EQ(torn, 0);
     EXPECT_EQ(child.Wait(), 0u);
-}
-
-int RegisterAndVanish(const std::vector<std::string>&)
-{
-    HWND frame = MakeWindow();
-    vSYSTEMACCESS::RegisterApp(FakeApp(9), nullptr, frame, frame);
-    zktest::Report(HandleText(frame));
-    return 0;
-}
-zktest::ChildEntry registerAndVanish("register-and-vanish", RegisterAndVanish);
-
-TEST_F(AppTableTest, EntriesOfEndedProgramsAreNeitherWalkedNorKept)
-{
-    std::string frameText;
-    {
-        zktest::Child child("register-and-vanish");
-        frameText = child.ReadLine();
-        EXPECT_EQ(child.Wait(), 0u);
-    }
-    EXPECT_FALSE(TableHasFrame(HandleFrom(frameText)));
-
+    EXPECT_EQ(Find(WalkTable(), first), nullptr);
+    EXPECT_EQ(Find(WalkTable(), second), nullptr);
     AppTable* table = AppTable::Shared();
     ASSERT_NE(table, nullptr);
     unsigned registered = 0;
     while (registered <= AppTable::Capacity && table->Register(FakeApp(100 + registered), nullptr, nullptr, nullptr))
         ++registered;
-    EXPECT_EQ(registered, AppTable::Capacity);
+    EXPECT_EQ(registered, AppTable::Capacity) << "the ended program's slot serves again";
     for (unsigned n = 0; n < registered; ++n)
         table->Unregister(FakeApp(100 + n));
-    EXPECT_TRUE(table->Register(FakeApp(500), nullptr, nullptr, nullptr));
-    table->Unregister(FakeApp(500));
 }
 
 }  // namespace

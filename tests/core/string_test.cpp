@@ -1,6 +1,7 @@
 #include "support/zktest.h"
 
 #include <climits>
+#include <set>
 #include <string>
 #include <utility>
 
@@ -12,144 +13,79 @@ namespace {
 
 class StringTest : public zktest::LeakFreeTest {};
 
-TEST_F(StringTest, EmptyStringsShareOneTextAndAllocateNothing)
+// A string as an operation left it, and the text it must hold.
+struct Made { vSTRING got; std::string expected; };
+
+template <size_t N>
+void ExpectTexts(const Made (&rows)[N])
+{
+    for (size_t n = 0; n < N; ++n)
+        EXPECT_EQ(rows[n].got(), rows[n].expected) << "row " << n;
+}
+
+// Empty strings share one text and allocate nothing.
+TEST_F(StringTest, CopiesOwnTheirTextMovesEmptyTheSourceAndJoinsMakeNewStrings)
 {
     unsigned long before = vMemLiveBlocks();
-    vSTRING empty;
-    vSTRING formatted("");
+    vSTRING empty, formatted("");
     EXPECT_EQ(vMemLiveBlocks(), before);
-    ASSERT_NE(empty(), nullptr);
-    EXPECT_STREQ(empty(), "");
     EXPECT_EQ(formatted(), empty());
-    EXPECT_TRUE(empty.Null());
-    EXPECT_EQ(empty.Length(), 0);
-    EXPECT_FALSE(vSTRING("x").Null());
-}
-
-TEST_F(StringTest, CopiesOwnTheirTextAndMovesLeaveTheSourceEmpty)
-{
-    vSTRING original("abc");
-    vSTRING copy(original);
+    EXPECT_TRUE(empty.Null() && !vSTRING("x").Null() && empty.Length() == 0 && *empty() == 0);
+    vSTRING original("C:"), copy(original);
     EXPECT_NE(copy(), original());
-    EXPECT_STREQ(copy(), "abc");
-
     vSTRING moved(std::move(original));
-    EXPECT_STREQ(moved(), "abc");
-    EXPECT_TRUE(original.Null());
-
     vSTRING target("old");
     target = std::move(moved);
-    EXPECT_STREQ(target(), "abc");
-    EXPECT_TRUE(moved.Null());
-
+    EXPECT_TRUE(original.Null() && moved.Null());
     vSTRING& alias = target;
     target = alias;
-    EXPECT_STREQ(target(), "abc");
-}
-
-TEST_F(StringTest, JoinsAndAssignsCharacters)
-{
-    vSTRING path("C:");
-    EXPECT_STREQ((path + vCHAR('\\'))(), "C:\\");
-    EXPECT_STREQ((path + vSTRING("\\DIR"))(), "C:\\DIR");
-    EXPECT_STREQ((path + vCHAR())(), "C:");
-    EXPECT_STREQ(path(), "C:");
-    path = vCHAR('x');
-    EXPECT_STREQ(path(), "x");
-    path = vCHAR();
-    EXPECT_TRUE(path.Null());
-}
-
-TEST_F(StringTest, CharactersPastTheEndAreZero)
-{
-    vSTRING text("ab");
-    EXPECT_EQ(text.Char(1)(), 'b');
-    EXPECT_EQ(text[0](), 'a');
-    EXPECT_EQ(text.Char(2)(), 0);
-    EXPECT_EQ(text[3](), 0);
+    vSTRING character("x"), none("y");
+    character = vCHAR('z');
+    none = vCHAR();
+    ExpectTexts({{copy, "C:"}, {target, "C:"}, {target + vCHAR('\\'), "C:\\"}, {target + vSTRING("\\D"), "C:\\D"},
+                 {target + vCHAR(), "C:"}, {character, "z"}, {none, ""}});
+    EXPECT_EQ(target.Char(1)(), ':');
+    EXPECT_EQ(target[0](), 'C');
+    EXPECT_EQ(target.Char(2)(), 0);
     EXPECT_EQ(vSTRING().Char(65535)(), 0);
     EXPECT_EQ(vSTRING("\xE9").Char(0)(), '\xE9');
 }
 
-struct IntegerRow {
-    const char* format;
-    int value;
-    const char* expected;
-};
-
-class IntegerFormatTest : public StringTest, public ::testing::WithParamInterface<IntegerRow> {};
-
-TEST_P(IntegerFormatTest, FormatsLikeTheWindowsFormatter)
+TEST_F(StringTest, FormatsLikeTheWindowsFormatter)
 {
-    EXPECT_STREQ(vSTRING(GetParam().format, GetParam().value)(), GetParam().expected);
-}
-
-INSTANTIATE_TEST_SUITE_P(Numbers, IntegerFormatTest, ::testing::Values(
-    IntegerRow{"%d", -42, "-42"}, IntegerRow{"%i", 9, "9"}, IntegerRow{"%5d", -42, "  -42"},
-    IntegerRow{"%05d", -42, "-0042"}, IntegerRow{"%-05d|", -42, "-42  |"},
-    IntegerRow{"%.5d", -42, "-0042"}, IntegerRow{"%08.5d", -42, "-0000042"},
-    IntegerRow{"%.0d", 0, "0"}, IntegerRow{"%d", INT_MIN, "-2147483648"},
-    IntegerRow{"%u", -1, "4294967295"}, IntegerRow{"%lu", 7, "7"}, IntegerRow{"%hd", 70000, "70000"},
-    IntegerRow{"%x", 255, "ff"}, IntegerRow{"%lX", 255, "FF"}, IntegerRow{"%#x", 255, "0xff"},
-    IntegerRow{"%#X", 0, "0X0"}, IntegerRow{"%#08x", 255, "0x000000ff"},
-    IntegerRow{"%-#8x|", 255, "0xff      |"}, IntegerRow{"%#.4x", 255, "0x00ff"},
-    IntegerRow{"%I32x", -1, "ffffffff"}));
-
-INSTANTIATE_TEST_SUITE_P(Characters, IntegerFormatTest, ::testing::Values(
-    IntegerRow{"%c:", 'C', "C:"}, IntegerRow{"%c|", 0, "|"}, IntegerRow{"%3c|", 'A', "  A|"},
-    IntegerRow{"%03c|", 'A', "  A|"}, IntegerRow{"%-3c|", 'A', "A  |"},
-    IntegerRow{"%C", 'W', "W"}, IntegerRow{"%lc", 0xE9, "\xE9"}, IntegerRow{"%hC", 'n', "n"},
-    IntegerRow{"%wc", 0x141, "A"}));
-
-INSTANTIATE_TEST_SUITE_P(NotConversions, IntegerFormatTest, ::testing::Values(
-    IntegerRow{"100%%%d", 5, "100%5"}, IntegerRow{"%z%d", 5, "z5"}, IntegerRow{"%+d", 5, "+d"},
-    IntegerRow{"%0-5d", 5, "-5d"}, IntegerRow{"%d%", 5, "5"}, IntegerRow{"%ld%l", 5, "5"}));
-
-struct TextRow {
-    const char* format;
-    const char* value;
-    const char* expected;
-};
-
-class TextFormatTest : public StringTest, public ::testing::WithParamInterface<TextRow> {};
-
-TEST_P(TextFormatTest, FormatsLikeTheWindowsFormatter)
-{
-    EXPECT_STREQ(vSTRING(GetParam().format, GetParam().value)(), GetParam().expected);
-}
-
-INSTANTIATE_TEST_SUITE_P(Texts, TextFormatTest, ::testing::Values(
-    TextRow{"%s", "100%", "100%"}, TextRow{"[%s]", "", "[]"}, TextRow{"%5s", "abc", "  abc"},
-    TextRow{"%05s", "abc", "  abc"}, TextRow{"%-5s|", "abc", "abc  |"}, TextRow{"%.2s", "abc", "ab"},
-    TextRow{"%5.2s", "abc", "   ab"}, TextRow{"%.0s", "abc", "abc"}, TextRow{"%hS", "abc", "abc"},
-    TextRow{"%s", nullptr, "(null)"}, TextRow{"%.3s", nullptr, "(nu"}));
-
-TEST_F(StringTest, WideTextsArriveInTheNarrowCharacterSet)
-{
-    EXPECT_STREQ(vSTRING("%S|%ls|%ws", L"S", L"ls", L"ws")(), "S|ls|ws");
-    EXPECT_STREQ(vSTRING("%.2S|%-6S|", L"wide", L"wide")(), "wi|wide  |");
-    EXPECT_STREQ(vSTRING("%S", L"\u00E9t\u00E9")(), "\xE9t\xE9");
-    EXPECT_STREQ(vSTRING("%S", static_cast<const wchar_t*>(nullptr))(), "(null)");
-}
-
-TEST_F(StringTest, FormatsSixtyFourBitNumbersAndPointers)
-{
-    EXPECT_STREQ(vSTRING("%I64d", -5LL)(), "-5");
-    EXPECT_STREQ(vSTRING("%I64u", ~0ULL)(), "18446744073709551615");
-    EXPECT_STREQ(vSTRING("%I64X|%d", 0x123456789ABLL, 7)(), "123456789AB|7");
     // A pointer shows all its digits: eight on the 32-bit build, sixteen on the 64-bit.
     const std::string zeros(2 * sizeof(void*) - 4, '0');
-    EXPECT_EQ(std::string(vSTRING("%p", reinterpret_cast<void*>(0x1234))()), zeros + "1234");
-    EXPECT_EQ(std::string(vSTRING("%#p", reinterpret_cast<void*>(0x1234))()), "0X" + zeros + "1234");
-    EXPECT_EQ(std::string(vSTRING("%20p", reinterpret_cast<void*>(0x1234))()),
-              std::string(16 - zeros.size(), ' ') + zeros + "1234");
-    EXPECT_STREQ(vSTRING("%d %s %c", 1, "two", '3')(), "1 two 3");
+    void* pointer = reinterpret_cast<void*>(0x1234);
+    const wchar_t* noWide = nullptr;
+    ExpectTexts({
+        {vSTRING("%d", -42), "-42"}, {vSTRING("%i", 9), "9"}, {vSTRING("%5d", -42), "  -42"},
+        {vSTRING("%05d", -42), "-0042"}, {vSTRING("%-05d|", -42), "-42  |"}, {vSTRING("%.5d", -42), "-0042"},
+        {vSTRING("%08.5d", -42), "-0000042"}, {vSTRING("%.0d", 0), "0"}, {vSTRING("%d", INT_MIN), "-2147483648"},
+        {vSTRING("%u", -1), "4294967295"}, {vSTRING("%lu", 7), "7"}, {vSTRING("%hd", 70000), "70000"},
+        {vSTRING("%x", 255), "ff"}, {vSTRING("%lX", 255), "FF"}, {vSTRING("%#x", 255), "0xff"},
+        {vSTRING("%#X", 0), "0X0"}, {vSTRING("%#08x", 255), "0x000000ff"}, {vSTRING("%-#8x|", 255), "0xff      |"},
+        {vSTRING("%#.4x", 255), "0x00ff"}, {vSTRING("%I32x", -1), "ffffffff"},
+        {vSTRING("%c:", 'C'), "C:"}, {vSTRING("%c|", 0), "|"}, {vSTRING("%3c|", 'A'), "  A|"},
+        {vSTRING("%03c|", 'A'), "  A|"}, {vSTRING("%-3c|", 'A'), "A  |"}, {vSTRING("%C", 'W'), "W"},
+        {vSTRING("%lc", 0xE9), "\xE9"}, {vSTRING("%hC", 'n'), "n"}, {vSTRING("%wc", 0x141), "A"},
+        {vSTRING("100%%%d", 5), "100%5"}, {vSTRING("%z%d", 5), "z5"}, {vSTRING("%+d", 5), "+d"},
+        {vSTRING("%0-5d", 5), "-5d"}, {vSTRING("%d%", 5), "5"}, {vSTRING("%ld%l", 5), "5"},
+        {vSTRING("%s", "100%"), "100%"}, {vSTRING("[%s]", ""), "[]"}, {vSTRING("%5s", "abc"), "  abc"},
+        {vSTRING("%05s", "abc"), "  abc"}, {vSTRING("%-5s|", "abc"), "abc  |"}, {vSTRING("%.2s", "abc"), "ab"},
+        {vSTRING("%5.2s", "abc"), "   ab"}, {vSTRING("%.0s", "abc"), "abc"}, {vSTRING("%hS", "abc"), "abc"},
+        {vSTRING("%s", static_cast<char*>(nullptr)), "(null)"}, {vSTRING("%.3s", static_cast<char*>(nullptr)), "(nu"},
+        {vSTRING("%S|%ls|%ws", L"S", L"ls", L"ws"), "S|ls|ws"}, {vSTRING("%.2S|%-6S|", L"wide", L"wide"), "wi|wide  |"},
+        {vSTRING("%S", L"\u00E9t\u00E9"), "\xE9t\xE9"}, {vSTRING("%S", noWide), "(null)"},
+        {vSTRING("%I64d", -5LL), "-5"}, {vSTRING("%I64u", ~0ULL), "18446744073709551615"},
+        {vSTRING("%I64X|%d", 0x123456789ABLL, 7), "123456789AB|7"}, {vSTRING("%d %s %c", 1, "two", '3'), "1 two 3"},
+        {vSTRING("%p", pointer), zeros + "1234"}, {vSTRING("%#p", pointer), "0X" + zeros + "1234"},
+        {vSTRING("%20p", pointer), std::string(16 - zeros.size(), ' ') + zeros + "1234"},
+    });
 }
 
-TEST_F(StringTest, FormatsPastTheWindowsLimitUpToSixteenBitsOfLength)
+TEST_F(StringTest, TextsStopAtSixteenBitsOfLength)
 {
-    std::string first(40000, 'x');
-    std::string second(40000, 'y');
+    std::string first(40000, 'x'), second(40000, 'y');
     EXPECT_EQ(vSTRING("%s", first.c_str()).Length(), 40000);
     vSTRING both("%s%s", first.c_str(), second.c_str());
     EXPECT_EQ(both.Length(), 65535);
@@ -159,182 +95,108 @@ TEST_F(StringTest, FormatsPastTheWindowsLimitUpToSixteenBitsOfLength)
     EXPECT_EQ((both + both).Length(), 65535);
 }
 
-TEST_F(StringTest, IntegersInDecimal)
+// Reals show up to four rounded decimals.
+TEST_F(StringTest, NumbersAndResourcesMakeTheirText)
 {
-    EXPECT_STREQ(vSTRING(vINT(0))(), "0");
-    EXPECT_STREQ(vSTRING(vINT(-42))(), "-42");
-    EXPECT_STREQ(vSTRING(vINT(LONG_MIN))(), "-2147483648");
-}
-
-struct RealRow {
-    double value;
-    const char* expected;
-};
-
-class RealTextTest : public StringTest, public ::testing::WithParamInterface<RealRow> {};
-
-TEST_P(RealTextTest, ShowsUpToFourRoundedDecimals)
-{
-    EXPECT_STREQ(vSTRING(vREAL(GetParam().value))(), GetParam().expected);
-}
-
-INSTANTIATE_TEST_SUITE_P(Reals, RealTextTest, ::testing::Values(
-    RealRow{1.5, "1.5"}, RealRow{-0.25, "-0.25"}, RealRow{2.0, "2"}, RealRow{0.0, "0"},
-    RealRow{1.0 / 3, "0.3333"}, RealRow{2.0 / 3, "0.6667"}, RealRow{0.0001, "0.0001"},
-    RealRow{-1.0 / 65536, "0"}, RealRow{-32768.0, "-32768"}, RealRow{32767.99999, "32768"}));
-
-TEST_F(StringTest, LoadsResourcesWhole)
-{
-    EXPECT_STREQ(vSTRING(vRESID(31128, vSYSTEM::Pointer()))(), "OK");
     vSTRING message(vRESID(31101, vSYSTEM::Pointer()));
     EXPECT_GT(message.Length(), 64);
     EXPECT_EQ(message.Char(message.Length() - 1)(), '.');
-    EXPECT_TRUE(vSTRING(vRESID(12345, vSYSTEM::Pointer())).Null());
+    ExpectTexts({{vSTRING(vINT(0)), "0"}, {vSTRING(vINT(-42)), "-42"}, {vSTRING(vINT(LONG_MIN)), "-2147483648"},
+                 {vSTRING(vREAL(1.5)), "1.5"}, {vSTRING(vREAL(-0.25)), "-0.25"}, {vSTRING(vREAL(2.0)), "2"},
+                 {vSTRING(vREAL(0.0)), "0"}, {vSTRING(vREAL(1.0 / 3)), "0.3333"}, {vSTRING(vREAL(2.0 / 3)), "0.6667"},
+                 {vSTRING(vREAL(0.0001)), "0.0001"}, {vSTRING(vREAL(-1.0 / 65536)), "0"},
+                 {vSTRING(vREAL(-32768.0)), "-32768"}, {vSTRING(vREAL(32767.99999)), "32768"},
+                 {vSTRING(vRESID(31128, vSYSTEM::Pointer())), "OK"}, {vSTRING(vRESID(12345, vSYSTEM::Pointer())), ""}});
 }
 
-struct FieldRow {
-    const char* text;
-    unsigned short n;
-    const char* field;
-    const char* before;
-};
-
-class DelimitedTest : public StringTest, public ::testing::WithParamInterface<FieldRow> {};
-
-TEST_P(DelimitedTest, TakesTheFieldAfterAndTheTextBeforeTheNthDelimiter)
+TEST_F(StringTest, CutsAtDelimiters)
 {
-    vSTRING text(GetParam().text);
-    EXPECT_STREQ(text.GetDelimitedSubString(vCHAR('\\'), GetParam().n)(), GetParam().field);
-    EXPECT_STREQ(text.GetPreDelimitedSubString(vCHAR('\\'), GetParam().n)(), GetParam().before);
+    struct Field { const char* text; unsigned short n; const char *field, *before; };
+    for (const Field& row : {Field{"C:\\FOO\\BAR", 0, "C:", ""}, Field{"C:\\FOO\\BAR", 1, "FOO", "C:"},
+                             Field{"C:\\FOO\\BAR", 2, "BAR", "C:\\FOO"}, Field{"C:\\FOO\\BAR", 3, "", "C:\\FOO\\BAR"},
+                             Field{"\\\\S\\SHARE\\DIR", 1, "", ""}, Field{"\\\\S\\SHARE\\DIR", 2, "S", "\\"},
+                             Field{"\\\\S\\SHARE\\DIR", 3, "SHARE", "\\\\S"},
+                             Field{"\\\\S\\SHARE\\DIR", 4, "DIR", "\\\\S\\SHARE"}, Field{"C:\\", 1, "", "C:"}}) {
+        SCOPED_TRACE(std::string(row.text) + " #" + std::to_string(row.n));
+        EXPECT_STREQ(vSTRING(row.text).GetDelimitedSubString(vCHAR('\\'), row.n)(), row.field);
+        EXPECT_STREQ(vSTRING(row.text).GetPreDelimitedSubString(vCHAR('\\'), row.n)(), row.before);
+    }
+    // Removing from the end keeps the text before the last delimiter and answers the rest.
+    struct Cut { const char* text; char delimiter; const char *kept, *result; };
+    for (const Cut& row : {Cut{"NAME.BMP", '.', "NAME", "BMP"}, Cut{"NAME", '.', "NAME", "NAME"},
+                           Cut{"A.B.C", '.', "A.B", "C"}, Cut{"C:\\DIR\\FILE.TXT", '\\', "C:\\DIR", "FILE.TXT"},
+                           Cut{"C:\\DIR\\", '\\', "C:\\DIR", ""}, Cut{".", '.', "", ""}, Cut{"", '.', "", ""}}) {
+        vSTRING text(row.text);
+        EXPECT_STREQ(text.RemoveFromEnd(vCHAR(row.delimiter))(), row.result) << row.text;
+        EXPECT_STREQ(text(), row.kept) << row.text;
+    }
+    struct Trim { const char* text; char character; const char* expected; };
+    for (const Trim& row : {Trim{"  a b  ", ' ', "a b"}, Trim{"    ", ' ', ""}, Trim{"xax", 'x', "a"},
+                            Trim{"abc", ' ', "abc"}, Trim{"", ' ', ""}}) {
+        vSTRING text(row.text);
+        EXPECT_EQ(&text.RemoveLeadAndTrailing(vCHAR(row.character)), &text);
+        EXPECT_STREQ(text(), row.expected) << row.text;
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(Paths, DelimitedTest, ::testing::Values(
-    FieldRow{"C:\\FOO\\BAR", 0, "C:", ""}, FieldRow{"C:\\FOO\\BAR", 1, "FOO", "C:"},
-    FieldRow{"C:\\FOO\\BAR", 2, "BAR", "C:\\FOO"}, FieldRow{"C:\\FOO\\BAR", 3, "", "C:\\FOO\\BAR"},
-    FieldRow{"\\\\SERVER\\SHARE\\DIR", 1, "", ""}, FieldRow{"\\\\SERVER\\SHARE\\DIR", 2, "SERVER", "\\"},
-    FieldRow{"\\\\SERVER\\SHARE\\DIR", 3, "SHARE", "\\\\SERVER"},
-    FieldRow{"\\\\SERVER\\SHARE\\DIR", 4, "DIR", "\\\\SERVER\\SHARE"}, FieldRow{"C:\\", 1, "", "C:"}));
-
-struct CutRow {
-    const char* text;
-    char delimiter;
-    const char* kept;
-    const char* result;
-};
-
-class RemoveFromEndTest : public StringTest, public ::testing::WithParamInterface<CutRow> {};
-
-TEST_P(RemoveFromEndTest, CutsAtTheLastDelimiter)
+TEST_F(StringTest, FindsAndCountsWithoutOverlapAndConvertsCase)
 {
-    vSTRING text(GetParam().text);
-    vSTRING result = text.RemoveFromEnd(vCHAR(GetParam().delimiter));
-    EXPECT_STREQ(result(), GetParam().result);
-    EXPECT_STREQ(text(), GetParam().kept);
-}
-
-INSTANTIATE_TEST_SUITE_P(Names, RemoveFromEndTest, ::testing::Values(
-    CutRow{"NAME.BMP", '.', "NAME", "BMP"}, CutRow{"NAME", '.', "NAME", "NAME"},
-    CutRow{"A.B.C", '.', "A.B", "C"}, CutRow{"C:\\DIR\\FILE.TXT", '\\', "C:\\DIR", "FILE.TXT"},
-    CutRow{"C:\\DIR\\", '\\', "C:\\DIR", ""}, CutRow{".", '.', "", ""}, CutRow{"", '.', "", ""}));
-
-struct TrimRow {
-    const char* text;
-    char character;
-    const char* expected;
-};
-
-class TrimTest : public StringTest, public ::testing::WithParamInterface<TrimRow> {};
-
-TEST_P(TrimTest, StripsBothEndsInPlace)
-{
-    vSTRING text(GetParam().text);
-    vSTRING& result = text.RemoveLeadAndTrailing(vCHAR(GetParam().character));
-    EXPECT_EQ(&result, &text);
-    EXPECT_STREQ(text(), GetParam().expected);
-}
-
-INSTANTIATE_TEST_SUITE_P(Blanks, TrimTest, ::testing::Values(
-    TrimRow{"  a b  ", ' ', "a b"}, TrimRow{"    ", ' ', ""}, TrimRow{"xax", 'x', "a"},
-    TrimRow{"abc", ' ', "abc"}, TrimRow{"", ' ', ""}));
-
-struct SearchRow {
-    const char* text;
-    const char* needle;
-    const char* found;
-    unsigned short occurrences;
-};
-
-class SearchTest : public StringTest, public ::testing::WithParamInterface<SearchRow> {};
-
-TEST_P(SearchTest, FindsAndCountsWithoutOverlap)
-{
-    vSTRING text(GetParam().text);
-    vSTRING needle(GetParam().needle);
-    vSTRING found = text.GetSubString(needle);
-    EXPECT_STREQ(found(), GetParam().found);
-    EXPECT_EQ(found == vSTRING(), *GetParam().found == 0);
-    EXPECT_EQ(text.NoOfOccurance(needle), GetParam().occurrences);
-}
-
-INSTANTIATE_TEST_SUITE_P(Texts, SearchTest, ::testing::Values(
-    SearchRow{"BMP DIB", "DIB", "DIB", 1}, SearchRow{"BMP", "M", "MP", 1},
-    SearchRow{"BMP", "TIF", "", 0}, SearchRow{"banana", "an", "anana", 2},
-    SearchRow{"aaaa", "aa", "aaaa", 2}, SearchRow{"abc", "abcd", "", 0},
-    SearchRow{"abc", "", "abc", 0}, SearchRow{"ABC", "abc", "", 0}));
-
-TEST_F(StringTest, CountsCharacters)
-{
-    EXPECT_EQ(vSTRING("C:\\").NoOfOccurance(vCHAR('\\')), 1);
+    struct Search { const char *text, *needle, *found; unsigned short occurrences; };
+    for (const Search& row : {Search{"BMP DIB", "DIB", "DIB", 1}, Search{"BMP", "M", "MP", 1},
+                              Search{"BMP", "TIF", "", 0}, Search{"banana", "an", "anana", 2},
+                              Search{"aaaa", "aa", "aaaa", 2}, Search{"abc", "abcd", "", 0}, Search{"abc", "", "abc", 0},
+                              Search{"ABC", "abc", "", 0}}) {
+        vSTRING text(row.text), needle(row.needle);
+        EXPECT_STREQ(text.GetSubString(needle)(), row.found) << row.text << " / " << row.needle;
+        EXPECT_EQ(text.NoOfOccurance(needle), row.occurrences) << row.text << " / " << row.needle;
+    }
     EXPECT_EQ(vSTRING("\\\\S\\D").NoOfOccurance(vCHAR('\\')), 3);
     EXPECT_EQ(vSTRING("abc").NoOfOccurance(vCHAR()), 0);
     EXPECT_EQ(vSTRING().NoOfOccurance(vCHAR('a')), 0);
-}
-
-TEST_F(StringTest, ConvertsCaseByThePlatformRules)
-{
     vSTRING name("abc.Txt \xE9");
     EXPECT_STREQ(name.ConvertUpper()(), "ABC.TXT \xC9");
     EXPECT_STREQ(name.ConvertLower()(), "abc.txt \xE9");
-    EXPECT_TRUE(vSTRING().ConvertUpper().Null());
 }
 
-struct OrderRow {
-    const char* left;
-    const char* right;
-    int greater;
-    int equal;
-};
-
-class OrderTest : public StringTest, public ::testing::WithParamInterface<OrderRow> {};
-
-TEST_P(OrderTest, ComparesBytesAsSignedCharactersWithCase)
+TEST_F(StringTest, ComparesBytesAsSignedCharactersWithCase)
 {
-    vSTRING left(GetParam().left);
-    vSTRING right(GetParam().right);
-    EXPECT_EQ(left > right, GetParam().greater);
-    EXPECT_EQ(left == right, GetParam().equal);
-    EXPECT_EQ(left != right, !GetParam().equal);
+    struct Order { const char *left, *right; bool greater, equal; };
+    for (const Order& row : {Order{"b", "a", 1, 0}, Order{"a", "b", 0, 0}, Order{"a", "a", 0, 1},
+                             Order{"ab", "a", 1, 0}, Order{"a", "ab", 0, 0}, Order{"a", "B", 1, 0},
+                             Order{"A", "\xE9", 1, 0}, Order{"a", "a\xE9", 0, 0}, Order{"", "", 0, 1}}) {
+        vSTRING left(row.left), right(row.right);
+        EXPECT_EQ(left > right, row.greater) << row.left << " > " << row.right;
+        EXPECT_EQ(left == right, row.equal) << row.left << " == " << row.right;
+        EXPECT_EQ(left != right, !row.equal) << row.left << " != " << row.right;
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(Pairs, OrderTest, ::testing::Values(
-    OrderRow{"b", "a", 1, 0}, OrderRow{"a", "b", 0, 0}, OrderRow{"a", "a", 0, 1},
-    OrderRow{"ab", "a", 1, 0}, OrderRow{"a", "ab", 0, 0}, OrderRow{"a", "B", 1, 0},
-    OrderRow{"A", "\xE9", 1, 0}, OrderRow{"a", "a\xE9", 0, 0}, OrderRow{"", "", 0, 1}));
-
-struct OffsetRow {
-    unsigned short language;
-    unsigned short offset;
-};
-
-class LanguageOffsetTest : public ::testing::TestWithParam<OffsetRow> {};
-
-TEST_P(LanguageOffsetTest, PlacesEachLanguageInItsBlock)
+// Each language's texts sit in a block of their own among the base library's
+// resources; a language the library does not know takes the British ones.
+std::string Load(unsigned short id, unsigned short language)
 {
-    EXPECT_EQ(vSTRING::LanguageOffset(GetParam().language), GetParam().offset);
+    return vSTRING(vRESID(id + vSTRING::LanguageOffset(language), vSYSTEM::Pointer()))();
 }
 
-INSTANTIATE_TEST_SUITE_P(Languages, LanguageOffsetTest, ::testing::Values(
-    OffsetRow{2057, 0}, OffsetRow{1033, 1000}, OffsetRow{1031, 2000}, OffsetRow{1036, 3000},
-    OffsetRow{1053, 4000}, OffsetRow{1040, 0}, OffsetRow{0, 0}));
+TEST(LanguageTest, EachLanguageHasItsBlockOfTexts)
+{
+    const unsigned short languages[] = {2057, 1033, 1031, 1036, 1053}, offsets[] = {0, 1000, 2000, 3000, 4000};
+    std::set<std::string> cascades;
+    for (int n = 0; n < 5; ++n) {
+        EXPECT_EQ(vSTRING::LanguageOffset(languages[n]), offsets[n]);
+        for (unsigned short id : {31019, 31020, 31021, 31022, 31023, 31024, 31025, 31100, 31101, 31105, 31106, 31127,
+                                  31128, 31131})
+            EXPECT_FALSE(Load(id, languages[n]).empty()) << "text " << id << " in language " << languages[n];
+        cascades.insert(Load(31021, languages[n]));
+        EXPECT_EQ(Load(31200, languages[n]), Load(31200, 2057)) << "the clipboard format's name never changes";
+    }
+    EXPECT_EQ(cascades.size(), 5u);
+    EXPECT_EQ(vSTRING::LanguageOffset(1040), 0);
+    EXPECT_EQ(vSTRING::LanguageOffset(0), 0);
+    EXPECT_EQ(Load(31021, 1031), "\xDC" "ber&lappend");
+    EXPECT_EQ(Load(31106, 1031), "\xD6" "ffnen");
+    EXPECT_EQ(Load(31022, 1036), "&Mosa\xEFque");
+    EXPECT_EQ(Load(31019, 1053), "&Hj\xE4lp");
+}
 
 }  // namespace

@@ -1,99 +1,219 @@
+#include <cstdio>
 #include <cstring>
 #include <string>
 
+#include "base/startup.h"
 #include "base/system.h"
 #include "support/systemaccess.h"
 #include "support/zktest.h"
 
 namespace {
 
-class SystemTest : public zktest::LeakFreeTest {};
+using Lines = std::vector<std::string>;
 
-TEST_F(SystemTest, TheSystemModuleIsTheBaseLibrary)
+class SystemTest : public zktest::LeakFreeTest {
+protected:
+    void TearDown() override
+    {
+        vSYSTEM::SetTraceLevel(savedLevel);
+        SetEnvironmentVariableA("ZK_TRACE_LEVEL", nullptr);
+        LeakFreeTest::TearDown();
+    }
+    unsigned short savedLevel = vSYSTEM::GetTraceLevel();
+};
+
+std::string Messages()
 {
+    return std::to_string(vSYSTEM::GetZKKillMsg()) + " " + std::to_string(vSYSTEM::GetPaletteChangeMsg()) + " " +
+           std::to_string(vSYSTEMACCESS::GetTavikMessage());
+}
+
+// What a child process of this program sees of the system, line by line.
+int ReportSystem(const std::vector<std::string>&)
+{
+    zktest::Report(std::to_string(vSYSTEM::GetTraceLevel()));
+    zktest::Report(Messages());
+    zktest::Report(std::string("[") + vSYSTEMACCESS::GetCommand()() + "]");
+    HINSTANCE instance = GetModuleHandleA(nullptr), previous = vFindPreviousInstance(instance);
+    zktest::Report(previous == nullptr ? "first" : previous == instance ? "second" : "stranger");
+    zktest::Report(vFindPreviousInstance(instance) == previous ? "stable" : "changed");
+    zktest::Listen();
+    return 0;
+}
+zktest::ChildEntry reportSystem("report-system", ReportSystem);
+
+void ExpectReport(zktest::Child& child, const char* level, const char* instance)
+{
+    EXPECT_EQ(child.ReadLine(), level);
+    EXPECT_EQ(child.ReadLine(), Messages());
+    EXPECT_EQ(child.ReadLine(), "[--zk-child=report-system   alpha \"beta gamma\"]");
+    EXPECT_EQ(child.ReadLine(), instance);
+    EXPECT_EQ(child.ReadLine(), "stable");
+}
+
+// The command is the line after the program's own name, quoted or not, and
+// the blanks after it. While one instance runs a second finds it, and once it
+// has gone the next start is a first instance again. Registered messages are
+// the same in every process; the trace level comes from the environment.
+TEST_F(SystemTest, ChildProcessesSeeTheirCommandTraceLevelMessagesAndPreviousInstance)
+{
+    // Twice, so that the second round's first instance starts after the first round's have gone.
+    for (auto levels : {std::make_pair("3", "rubbish"), std::make_pair("1", static_cast<const char*>(nullptr))}) {
+        SetEnvironmentVariableA("ZK_TRACE_LEVEL", levels.first);
+        zktest::Child first("report-system", "  alpha \"beta gamma\"");
+        ExpectReport(first, levels.first, "first");
+        SetEnvironmentVariableA("ZK_TRACE_LEVEL", levels.second);
+        zktest::Child second("report-system", "  alpha \"beta gamma\"");
+        ExpectReport(second, "0", "second");
+        for (zktest::Child* child : {&second, &first}) {
+            child->WriteLine("quit");
+            EXPECT_EQ(child->Wait(), 0u);
+        }
+    }
+}
+
+// A site prints when the level is at or above its own; level 0 always prints.
+TEST_F(SystemTest, TraceSitesPrintAtOrAboveTheirLevel)
+{
+    const Lines zero{"Trace: zero"}, one{"Trace: zero", "Trace: one"}, all{"Trace: zero", "Trace: one", "Trace: three"};
+    struct Row { unsigned short level; const Lines& printed; };
+    for (const Row& row : {Row{0, zero}, Row{1, one}, Row{2, one}, Row{3, all}, Row{65535, all}}) {
+        vSYSTEM::SetTraceLevel(row.level);
+        zktest::TraceCapture capture;
+        vSYSTEM::Trace(0, "zero");
+        vSYSTEM::Trace(1, "one");
+        vSYSTEM::Trace(3, "three");
+        EXPECT_EQ(capture.Lines(), row.printed) << "at level " << row.level;
+    }
+}
+
+// The child stands in for a program whose assertion fails; the debugger's
+// break is stepped over, as a debugger that continues would. While the box of
+// the first failure is up, a timer fails a second time: that one must break
+// and return with no box of its own. The timer then reports what happened
+// and presses the box's button, and the program aborts.
+zktest::TraceCapture* capture = nullptr;
+
+LONG CALLBACK StepOverBreak(EXCEPTION_POINTERS* info)
+{
+    if (info->ExceptionRecord->ExceptionCode != EXCEPTION_BREAKPOINT)
+        return EXCEPTION_CONTINUE_SEARCH;
+    zktest::Report("break");
+#ifdef _WIN64
+    info->ContextRecord->Rip += 1;
+#else
+    info->ContextRecord->Eip += 1;
+#endif
+    return EXCEPTION_CONTINUE_EXECUTION;
+}
+
+void CALLBACK FailAgain(HWND, UINT, UINT_PTR timer, DWORD)
+{
+    KillTimer(nullptr, timer);
+    vAssert(0, "second", 77);
+    int boxes = 0;
+    HWND box = FindWindowA("#32770", "Assertion Failed");
+    for (HWND next = box; next; next = FindWindowExA(nullptr, next, "#32770", "Assertion Failed"))
+        ++boxes;
+    char text[256] = {};
+    GetDlgItemTextA(box, 0xFFFF, text, sizeof text);
+    zktest::Report("returned, boxes " + std::to_string(boxes) + ": " + text);
+    for (const std::string& line : capture->Lines())
+        zktest::Report(line);
+    zktest::Report("end");
+    PostMessageA(box, WM_COMMAND, IDOK, 0);
+}
+
+int FailTwice(const std::vector<std::string>&)
+{
+    AddVectoredExceptionHandler(1, StepOverBreak);
+    zktest::TraceCapture traces;
+    capture = &traces;
+    SetTimer(nullptr, 0, 100, FailAgain);
+    vAssert(1 == 1, "holds", 10);
+    vAssert(1 == 2, "one is two", 42);
+    return 0;
+}
+zktest::ChildEntry failTwice("fail-twice", FailTwice);
+
+TEST_F(SystemTest, AssertionBreaksShowsOneBoxAndAborts)
+{
+    zktest::Child child("fail-twice");
+    Lines seen;
+    for (std::string line = child.ReadLine(); !line.empty() && line != "end"; line = child.ReadLine())
+        seen.push_back(line);
+    EXPECT_EQ(seen, (Lines{"break", "break", "returned, boxes 1: Assertion failed: one is two, line 42.",
+                           "Trace: Assertion failed: one is two, line 42.", "Trace: Assertion failed: second, line 77."}));
+    EXPECT_EQ(child.Wait(), 3u);
+}
+
+// The system module is the base library; its scratch buffers are apart and
+// large enough, the local one for a version block of the library's file and a path.
+TEST_F(SystemTest, ModuleBuffersAndRegisteredMessages)
+{
+    HMODULE library = GetModuleHandleA("zkcore.dll");
     ASSERT_NE(vSYSTEM::Pointer(), nullptr);
-    EXPECT_EQ(vSYSTEM::Pointer()->GetInstance(), GetModuleHandleA("zkcore.dll"));
-}
-
-TEST_F(SystemTest, ScratchBuffersAreSeparateAndLargeEnough)
-{
-    char* buffer = vSYSTEM::GetBuffer();
-    char* local = vSYSTEM::GetLocalBuffer();
-    ASSERT_NE(buffer, local);
+    EXPECT_EQ(vSYSTEM::Pointer()->GetInstance(), library);
+    EXPECT_NE(vSYSTEM::GetBuffer(), vSYSTEM::GetLocalBuffer());
     EXPECT_GE(vSYSTEM::BufferSize, 512u);
-    EXPECT_GE(vSYSTEM::LocalBufferSize, static_cast<unsigned long>(MAX_PATH));
-    std::memset(buffer, 'b', vSYSTEM::BufferSize);
-    std::memset(local, 'l', vSYSTEM::LocalBufferSize);
-    EXPECT_EQ(buffer[vSYSTEM::BufferSize - 1], 'b');
-    EXPECT_EQ(local[0], 'l');
-    EXPECT_EQ(vSYSTEM::GetBuffer(), buffer);
-}
-
-// A version block of the library's own file fits the local buffer whole.
-TEST_F(SystemTest, LocalBufferTakesAVersionBlockAndAPath)
-{
     char path[MAX_PATH];
-    GetModuleFileNameA(GetModuleHandleA("zkcore.dll"), path, MAX_PATH);
-    DWORD handle = 0;
-    DWORD size = GetFileVersionInfoSizeA(path, &handle);
-    ASSERT_GT(size, 0u);
+    GetModuleFileNameA(library, path, MAX_PATH);
+    DWORD handle = 0, size = GetFileVersionInfoSizeA(path, &handle);
     EXPECT_LE(size + MAX_PATH, vSYSTEM::LocalBufferSize);
     EXPECT_TRUE(GetFileVersionInfoA(path, handle, size, vSYSTEM::GetLocalBuffer()));
-}
-
-TEST_F(SystemTest, RegisteredMessagesAreDistinctAndStable)
-{
-    UINT kill = vSYSTEM::GetZKKillMsg();
-    UINT palette = vSYSTEM::GetPaletteChangeMsg();
+    UINT kill = vSYSTEM::GetZKKillMsg(), palette = vSYSTEM::GetPaletteChangeMsg();
     UINT tavik = vSYSTEMACCESS::GetTavikMessage();
-    for (UINT message : {kill, palette, tavik})
-        EXPECT_GE(message, 0xC000u);
-    EXPECT_NE(kill, palette);
-    EXPECT_NE(kill, tavik);
-    EXPECT_NE(palette, tavik);
+    EXPECT_TRUE(kill >= 0xC000 && palette >= 0xC000 && tavik >= 0xC000);
+    EXPECT_TRUE(kill != palette && kill != tavik && palette != tavik);
     EXPECT_EQ(vSYSTEM::GetZKKillMsg(), kill);
 }
 
-int PrintMessages(const std::vector<std::string>&)
+TEST_F(SystemTest, ProfilesAnswerOnlyFromAFileThatExists)
 {
-    zktest::Report(std::to_string(vSYSTEM::GetZKKillMsg()) + " " + std::to_string(vSYSTEM::GetPaletteChangeMsg()) +
-                   " " + std::to_string(vSYSTEMACCESS::GetTavikMessage()));
-    return 0;
+    char directory[MAX_PATH];
+    GetTempPathA(MAX_PATH, directory);
+    std::string path = std::string(directory) + "zkprofile_test.ini";
+    std::FILE* file = std::fopen(path.c_str(), "w");
+    std::fputs("[windows]\ndevice=Printer,winspool,LPT1:\n", file);
+    std::fclose(file);
+    vPROFILE valid(vSTRING("%s", path.c_str())), missing(vSTRING("%s", (path + ".absent").c_str()));
+    EXPECT_TRUE(valid.Valid());
+    EXPECT_STREQ(valid.Get(vSTRING("windows"), vSTRING("device"))(), "Printer,winspool,LPT1:");
+    EXPECT_TRUE(valid.Get(vSTRING("windows"), vSTRING("missing")).Null());
+    EXPECT_FALSE(missing.Valid());
+    EXPECT_TRUE(missing.Get(vSTRING("windows"), vSTRING("device")).Null());
+    missing = valid;
+    EXPECT_TRUE(missing.Valid());
+    DeleteFileA(path.c_str());
 }
-zktest::ChildEntry printMessages("print-messages", PrintMessages);
 
-TEST_F(SystemTest, RegisteredMessagesAreTheSameInAnotherProcess)
+// A failed allocation raises the flag that a complaint lowers; only an armed
+// one, whose message text was asked for, shows its texts (255 characters each)
+// first. Complaints live on the shared allocator.
+TEST_F(SystemTest, ExceptionsComplainOnceArmed)
 {
-    zktest::Child child("print-messages");
-    std::string expected = std::to_string(vSYSTEM::GetZKKillMsg()) + " " +
-                           std::to_string(vSYSTEM::GetPaletteChangeMsg()) + " " +
-                           std::to_string(vSYSTEMACCESS::GetTavikMessage());
-    EXPECT_EQ(child.ReadLine(), expected);
-    EXPECT_EQ(child.Wait(), 0u);
-}
-
-TEST_F(SystemTest, FailedAllocationRaisesTheExceptionFlagAndGivesUp)
-{
-    vSYSTEM::SetExceptionFlag(0);
     EXPECT_EQ(vSYSTEMACCESS::NewFailureException(1 << 20), 0);
     EXPECT_EQ(vSYSTEM::GetExceptionFlag(), 1);
-    vSYSTEM::SetExceptionFlag(0);
+    DEFEXCEP* complaint = new DEFEXCEP;
+    complaint->CaptionText();
+    EXPECT_FALSE(complaint->Armed());
+    complaint->Raise(nullptr);
     EXPECT_EQ(vSYSTEM::GetExceptionFlag(), 0);
-}
-
-TEST_F(SystemTest, FrameWindowIsRecorded)
-{
-    HWND before = vSYSTEM::GetFrameWindow();
-    HWND desktop = GetDesktopWindow();
-    vSYSTEM::SetFrameWindow(desktop);
-    EXPECT_EQ(vSYSTEM::GetFrameWindow(), desktop);
-    vSYSTEM::SetFrameWindow(before);
-}
-
-TEST_F(SystemTest, ProcessWideObjectsAreSingletons)
-{
-    EXPECT_EQ(&vSYSTEM::GetKeyboard(), &vSYSTEM::GetKeyboard());
-    EXPECT_EQ(&vSYSTEM::GetDefaultException(), &vSYSTEM::GetDefaultException());
+    std::memset(complaint->MessageText(), 'm', 255);
+    complaint->MessageText()[255] = 0;
+    EXPECT_TRUE(complaint->Armed());
+    EXPECT_EQ(std::strlen(complaint->MessageText()), 255u);
+    std::strcpy(complaint->MessageText(), "Close some windows, please.");
+    std::strcpy(complaint->CaptionText(), "Memory Test Caption");
+    vSYSTEM::SetExceptionFlag(1);
+    zktest::BoxWatcher watcher("Memory Test Caption", IDOK);
+    complaint->Raise(nullptr);
+    EXPECT_TRUE(watcher.Seen());
+    EXPECT_EQ(watcher.Text(), "Close some windows, please.");
+    EXPECT_EQ(vSYSTEM::GetExceptionFlag(), 0);
+    unsigned long blocks = vMemLiveBlocks();
+    delete complaint;
+    EXPECT_EQ(vMemLiveBlocks(), blocks - 1);
 }
 
 }  // namespace

@@ -21,21 +21,18 @@ private:
     unsigned long blocksBefore = 0;
 };
 
-// Collects what the process writes to the debugger channel while it lives,
-// as whole lines.
+// Collects what the process writes to the debugger channel while it lives, as whole lines.
 class TraceCapture {
 public:
     TraceCapture();
     ~TraceCapture();
     TraceCapture(const TraceCapture&) = delete;
     TraceCapture& operator=(const TraceCapture&) = delete;
-
     std::vector<std::string> Lines() const;
     void Clear();
 
 private:
     static LONG CALLBACK Handler(EXCEPTION_POINTERS* info);
-
     void* handler;
     std::string text;
 };
@@ -60,7 +57,6 @@ public:
     ~Child();
     Child(const Child&) = delete;
     Child& operator=(const Child&) = delete;
-
     bool Started() const;
     // The next line the child printed, without its line end; empty once the
     // time is up or the child has gone.
@@ -73,21 +69,14 @@ public:
 
 private:
     bool FillBuffer(DWORD deadline);
-
     PROCESS_INFORMATION process;
-    HANDLE toChild;
-    HANDLE fromChild;
+    HANDLE toChild, fromChild;
     std::string pending;
 };
 
-// For a child body: one line to the parent, flushed at once.
+// For a child body: one line to the parent, flushed at once; the next line from the parent.
 void Report(const std::string& line);
-// For a child body: the next line from the parent.
 std::string Listen();
-
-}  // namespace zktest
-
-namespace zktest {
 
 // Watches, from a thread of its own, for a message box with the given
 // caption; when it comes, notes its text and presses the given button.
@@ -97,14 +86,12 @@ public:
     ~BoxWatcher();
     BoxWatcher(const BoxWatcher&) = delete;
     BoxWatcher& operator=(const BoxWatcher&) = delete;
-
     // Waits for the watch to end; true if the box was seen.
     bool Seen();
     std::string Text();
 
 private:
     static DWORD WINAPI Watch(void* self);
-
     std::string caption;
     int button;
     DWORD timeoutMs;
