@@ -4,67 +4,38 @@
 
 namespace {
 
-class ArchiveTypeTest : public zktest::LeakFreeTest {};
+using Fields = std::vector<std::string>;
+using ArchiveTypeTest = zktest::LeakFreeTest;
 
-TEST_F(ArchiveTypeTest, TheIdentifierComesSecondAndTheNameThird)
+// Description, identifier, name ("-" when null), and whether a bitmap and a metafile.
+Fields Of(vARCHIVETYPE& type)
 {
-    vARCHIVETYPE type(vSTRING("Tagged Image"), vSTRING("TIF TIFF"), vSTRING("TIFF"));
-    EXPECT_EQ(type.Description(), vSTRING("Tagged Image"));
-    EXPECT_EQ(type.ID(), vSTRING("TIF TIFF"));
-    EXPECT_EQ(type.Name(), vSTRING("TIFF"));
-    EXPECT_FALSE(type.IsBitmap());
-    EXPECT_FALSE(type.IsMetafile());
-    type.ID() = vSTRING("TIF");
-    EXPECT_EQ(type.ID(), vSTRING("TIF"));
-    vARCHIVETYPE empty;
-    EXPECT_TRUE(empty.ID().Null() && empty.Name().Null() && empty.Description().Null());
+    Fields fields;
+    for (vSTRING* field : {&type.Description(), &type.ID(), &type.Name()})
+        fields.push_back(field->Null() ? "-" : (*field)());
+    fields.push_back(std::to_string(type.IsBitmap()) + std::to_string(type.IsMetafile()));
+    return fields;
 }
 
-// Only the identifier and the category count.
-TEST_F(ArchiveTypeTest, EqualityLooksAtTheIdentifierAndTheCategoryAlone)
+// The identifier comes second and the name third; the built-in types carry
+// their records; a copy carries no name, an assignment everything; only the
+// identifier and the category count for equality.
+TEST_F(ArchiveTypeTest, TypesCarryTheirRecordsAndCompareByIdentifierAndCategory)
 {
-    vARCHIVETYPE plain(vSTRING("one"), vSTRING("DIB"), vSTRING("x"));
-    vARCHIVETYPE other(vSTRING("two"), vSTRING("DIB"), vSTRING("y"));
-    EXPECT_TRUE(plain == other);
-    EXPECT_FALSE(plain == DIBARCHIVE());
-    DIBARCHIVE dib;
-    dib.Description() = vSTRING("something else");
-    EXPECT_TRUE(dib == DIBARCHIVE());
-    EXPECT_FALSE(DIBARCHIVE() == ZKMARCHIVE());
-}
-
-TEST_F(ArchiveTypeTest, TheBuiltInTypesCarryTheirRecords)
-{
-    DIBARCHIVE dib;
-    EXPECT_EQ(dib.ID(), vSTRING("DIB"));
-    EXPECT_EQ(dib.Name(), vSTRING("DIB"));
-    EXPECT_EQ(dib.Description(), vSTRING("Nerin Bitmap Format"));
-    EXPECT_TRUE(dib.IsBitmap());
-    EXPECT_FALSE(dib.IsMetafile());
-
+    vARCHIVETYPE tiff(vSTRING("Tagged Image"), vSTRING("TIF TIFF"), vSTRING("TIFF")), empty, assigned;
+    DIBARCHIVE dib, copied(dib);
     ZKMARCHIVE zkm;
-    EXPECT_EQ(zkm.ID(), vSTRING("QXF"));
-    EXPECT_TRUE(zkm.Name().Null());
-    EXPECT_EQ(zkm.Description(), vSTRING("QXF"));
-    EXPECT_TRUE(zkm.IsMetafile());
-    EXPECT_FALSE(zkm.IsBitmap());
-}
-
-// A copy carries no name; an assignment carries everything.
-TEST_F(ArchiveTypeTest, ACopyLosesTheNameAndAnAssignmentKeepsIt)
-{
-    DIBARCHIVE dib;
-    DIBARCHIVE copied(dib);
-    EXPECT_EQ(copied.ID(), vSTRING("DIB"));
-    EXPECT_TRUE(copied.Name().Null());
-    EXPECT_TRUE(copied.IsBitmap());
-    EXPECT_TRUE(copied == dib);
-
-    vARCHIVETYPE assigned;
     assigned = dib;
-    EXPECT_EQ(assigned.Name(), vSTRING("DIB"));
-    EXPECT_EQ(assigned.Description(), vSTRING("Nerin Bitmap Format"));
-    EXPECT_TRUE(assigned.IsBitmap());
+    EXPECT_EQ(Of(tiff), Fields({"Tagged Image", "TIF TIFF", "TIFF", "00"}));
+    EXPECT_EQ(Of(dib), Fields({"Nerin Bitmap Format", "DIB", "DIB", "10"}));
+    EXPECT_EQ(Of(zkm), Fields({"QXF", "QXF", "-", "01"}));
+    EXPECT_EQ(Of(empty), Fields({"-", "-", "-", "00"}));
+    EXPECT_EQ(Of(copied), Fields({"Nerin Bitmap Format", "DIB", "-", "10"}));
+    EXPECT_EQ(Of(assigned), Of(dib));
+    vARCHIVETYPE one(vSTRING("one"), vSTRING("DIB"), vSTRING("x")), two(vSTRING("two"), vSTRING("DIB"), vSTRING("y"));
+    dib.Description() = vSTRING("something else");
+    EXPECT_EQ(std::vector<int>({one == two, one == dib, dib == DIBARCHIVE(), copied == dib, DIBARCHIVE() == ZKMARCHIVE()}),
+              std::vector<int>({1, 0, 1, 1, 0}));
 }
 
 }  // namespace

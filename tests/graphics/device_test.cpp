@@ -1,6 +1,8 @@
 #include "graphics/surface.h"
 
-#include "graphics/deviceid.h"
+#include <functional>
+
+#include "graphics/dib.h"
 #include "graphics/elpsshape.h"
 #include "graphics/rectshape.h"
 
@@ -8,413 +10,373 @@ using namespace zktest;
 
 namespace {
 
-class DrawTest : public SurfaceTest {};
+using Ints = std::vector<long>;
+using Colours = std::vector<COLORREF>;
+using Spots = std::vector<std::pair<POINT, COLORREF>>;
 
-TEST_F(DrawTest, RectOutlineCoversLeftAndTopButNotRightAndBottom)
+// Two squares overlapping from (30, 30) to (50, 50), traced the same way round.
+vSHAPE Overlapping()
 {
-    device().LineSpec(Line(Red, 1));
-    ASSERT_TRUE(device().DrawRect(vRECT(10, 10, 30, 20)));
-    Pixels pixels = Read();
-    ASSERT_TRUE(pixels.Read());
-    EXPECT_EQ(pixels.At(10, 10), Red);
-    EXPECT_EQ(pixels.At(29, 19), Red);
-    EXPECT_EQ(pixels.At(29, 10), Red);
-    EXPECT_EQ(pixels.At(10, 19), Red);
-    EXPECT_EQ(pixels.At(30, 15), Black);
-    EXPECT_EQ(pixels.At(20, 20), Black);
-    EXPECT_EQ(pixels.At(20, 15), Black) << "a fresh device fills nothing";
-    EXPECT_EQ(Edges(pixels.Ink()), (std::vector<long>{10, 10, 30, 20}));
+    vSHAPE shape;
+    for (long at : {10, 30})
+        for (const vBEZPOINT& corner : {vBEZPOINT(vPOINT(at, at), 9), vBEZPOINT(vPOINT(at + 40, at), 8),
+                                        vBEZPOINT(vPOINT(at + 40, at + 40), 8), vBEZPOINT(vPOINT(at, at + 40), 10)})
+            shape.AppendPoint(corner);
+    return shape;
 }
 
-TEST_F(DrawTest, FillCoversTheSameAreaAsTheOutline)
+// Logical units per inch as a multiple of the device's, in halves.
+void Halves(vDEVICE& device, long halves)
 {
-    device().LineSpec(NoLine());
-    device().FillSpec(Fill(Blue));
-    ASSERT_TRUE(device().DrawRect(vRECT(10, 10, 30, 20)));
-    Pixels pixels = Read();
-    EXPECT_EQ(pixels.Count(Blue), 20 * 10);
-    EXPECT_EQ(Edges(pixels.Ink()), (std::vector<long>{10, 10, 30, 20}));
+    device.LogUnitsPerHorzInch(device.DevUnitsPerHorzInch()() * halves / 2);
+    device.LogUnitsPerVertInch(device.DevUnitsPerVertInch()() * halves / 2);
 }
 
-TEST_F(DrawTest, ARectangleDrawsItselfWithTheDevicesSpecs)
+void Solid(vDEVICE& device, COLORREF colour, vFILLMODE mode = vFILL_ALTERNATE)
 {
-    device().LineSpec(Line(Red, 1));
-    device().FillSpec(Fill(Blue));
-    vRECT(vINT(5), vINT(6), vINT(25), vINT(16)).Draw(device());
-    Pixels pixels = Read();
-    EXPECT_EQ(pixels.At(5, 6), Red);
-    EXPECT_EQ(pixels.At(24, 15), Red);
-    EXPECT_EQ(pixels.Count(Blue), 18 * 8);
-    EXPECT_EQ(pixels.At(25, 16), Black);
+    device.LineSpec(NoLine());
+    device.FillSpec(Fill(colour, vFILL_SOLID, mode));
 }
 
-TEST_F(DrawTest, OutlineIsDrawnOverTheFill)
+void ExpectSpots(const Pixels& pixels, const Spots& spots)
 {
-    device().LineSpec(Line(Red, 1));
-    device().FillSpec(Fill(Blue));
-    device().DrawRect(vRECT(10, 10, 30, 20));
-    Pixels pixels = Read();
-    EXPECT_EQ(pixels.At(10, 15), Red);
-    EXPECT_EQ(pixels.At(11, 15), Blue);
-    EXPECT_EQ(pixels.Count(Blue), 18 * 8);
+    for (const auto& spot : spots)
+        EXPECT_EQ(pixels.At(spot.first.x, spot.first.y), spot.second) << spot.first.x << "," << spot.first.y;
 }
 
-TEST_F(DrawTest, WideOutlineStaysInsideTheRectangle)
-{
-    device().LineSpec(Line(Red, 4));
-    device().DrawRect(vRECT(10, 10, 50, 50));
-    Pixels pixels = Read();
-    EXPECT_EQ(Edges(pixels.Ink()), (std::vector<long>{10, 10, 50, 50}));
-    EXPECT_EQ(pixels.At(13, 30), Red);
-    EXPECT_EQ(pixels.At(14, 30), Black);
-}
+const unsigned char TwoOnTwoOff[6] = {2, 2};
 
-int InkRowsAt(Pixels& pixels, int x)
-{
-    int rows = 0;
-    for (int y = 0; y < 100; ++y)
-        rows += pixels.At(x, y) != Black;
-    return rows;
-}
-
-TEST_F(DrawTest, LineWidthSetsTheRowsOfInk)
-{
-    device().LineSpec(Line(Green, 1));
-    device().DrawLine(vPOINT(10, 20), vPOINT(40, 20));
-    device().LineSpec(Line(Green, 5));
-    device().DrawLine(vPOINT(50, 60), vPOINT(90, 60));
-    Pixels pixels = Read();
-    EXPECT_EQ(pixels.At(10, 20), Green);
-    EXPECT_EQ(pixels.At(40, 20), Black) << "the last point is left out";
-    EXPECT_EQ(InkRowsAt(pixels, 25), 1);
-    EXPECT_EQ(InkRowsAt(pixels, 70), 5);
-    EXPECT_EQ(pixels.At(70, 58), Green);
-    EXPECT_EQ(pixels.At(70, 62), Green);
-}
-
-TEST_F(DrawTest, PolyLineVisitsEveryPointAndRemembersTheLast)
-{
-    device().LineSpec(Line(White, 1));
-    ASSERT_TRUE(device().DrawLine(vINT(3), vPOINT(10, 10), vPOINT(50, 10), vPOINT(50, 40)));
-    Pixels pixels = Read();
-    EXPECT_EQ(pixels.At(30, 10), White);
-    EXPECT_EQ(pixels.At(50, 25), White);
-    EXPECT_EQ(pixels.At(30, 25), Black);
-    POINT last;
-    struct Reader : vMEMDEVICE {
-        using vDEVICE::LastPoint;
-    };
-    static_cast<Reader&>(device()).LastPoint(last);
-    EXPECT_EQ(last.x, 50);
-    EXPECT_EQ(last.y, 40);
-}
-
-TEST_F(DrawTest, DashesLeaveGapsAlongTheLine)
-{
-    device().LineSpec(Line(White, 1, vDASH_DASH));
-    device().DrawLine(vPOINT(0, 10), vPOINT(Side, 10));
-    const unsigned char pattern[6] = {2, 2};
-    device().LineSpec(vLINESPEC(vLINE_SOLID, Colour(Red), 1, vCORNER_MITRE, vDASH_PATTERN, pattern));
-    device().DrawLine(vPOINT(0, 20), vPOINT(Side, 20));
-    Pixels pixels = Read();
-    int dashed = 0;
-    int patterned = 0;
-    for (int x = 0; x < Side; ++x) {
-        dashed += pixels.At(x, 10) == White;
-        patterned += pixels.At(x, 20) == Red;
-    }
-    EXPECT_GT(dashed, Side / 3);
-    EXPECT_LT(dashed, Side - 10);
-    EXPECT_NEAR(patterned, Side / 2, 4) << "as much on as off";
-}
-
-TEST_F(DrawTest, PieFillsItsWedgeAndArcFillsNothing)
-{
-    device().LineSpec(Line(Red, 1));
-    device().FillSpec(Fill(Blue));
-    // Anticlockwise from the right middle to the top middle: the top right quarter.
-    device().DrawPie(vRECT(0, 0, 80, 80), vPOINT(80, 40), vPOINT(40, 0));
-    device().DrawArc(vRECT(0, 0, 80, 80), vPOINT(40, 80), vPOINT(0, 40));
-    Pixels pixels = Read();
-    EXPECT_EQ(pixels.At(55, 25), Blue);
-    EXPECT_EQ(pixels.At(25, 25), Black);
-    EXPECT_EQ(pixels.At(25, 55), Black);
-    RECT ink = pixels.Ink();
-    EXPECT_EQ(ink.left, 0) << "the arc reaches the left edge";
-    EXPECT_EQ(ink.bottom, 80);
-}
-
-TEST_F(DrawTest, ChordFillsOnlyBeyondItsLine)
-{
-    device().LineSpec(NoLine());
-    device().FillSpec(Fill(Blue));
-    device().DrawChord(vRECT(0, 0, 80, 80), vPOINT(80, 40), vPOINT(40, 0));
-    Pixels pixels = Read();
-    EXPECT_EQ(pixels.At(66, 14), Blue);
-    EXPECT_EQ(pixels.At(50, 30), Black);
-}
-
-TEST_F(DrawTest, RoundRectLeavesItsCornersOut)
-{
-    device().LineSpec(NoLine());
-    device().FillSpec(Fill(Blue));
-    device().DrawRoundRect(vRECT(10, 10, 60, 60), vSIZE(20, 20));
-    Pixels pixels = Read();
-    EXPECT_EQ(pixels.At(11, 11), Black);
-    EXPECT_EQ(pixels.At(35, 11), Blue);
-    EXPECT_EQ(pixels.At(11, 35), Blue);
-}
-
-TEST_F(DrawTest, EllipseFillStaysInsideItsBox)
-{
-    device().LineSpec(NoLine());
-    device().FillSpec(Fill(Blue));
-    device().DrawEllipse(vRECT(20, 20, 60, 60));
-    Pixels pixels = Read();
-    EXPECT_EQ(pixels.At(40, 40), Blue);
-    EXPECT_EQ(pixels.At(21, 21), Black);
-    RECT ink = pixels.Ink();
-    EXPECT_EQ(ink.left, 20);
-    EXPECT_EQ(ink.right, 60);
-}
-
-TEST_F(DrawTest, ShapeIsFilledAndOutlinedAlongItsPath)
-{
-    device().LineSpec(Line(Red, 1));
-    device().FillSpec(Fill(Blue));
-    device().DrawShape(vRECTSHAPE(vRECT(10, 10, 40, 40)));
-    Pixels pixels = Read();
-    EXPECT_EQ(pixels.At(10, 10), Red);
-    EXPECT_EQ(pixels.At(40, 40), Red);
-    EXPECT_EQ(pixels.At(25, 25), Blue);
-    EXPECT_EQ(pixels.At(45, 25), Black);
-}
-
-TEST_F(DrawTest, HatchedFillLeavesTheBackgroundBetweenItsLines)
-{
-    device().LineSpec(NoLine());
-    device().FillSpec(Fill(Green, vFILL_HATCH_CROSS));
-    device().DrawRect(vRECT(0, 0, 40, 40));
-    Pixels pixels = Read();
-    int green = pixels.Count(Green);
-    EXPECT_GT(green, 0);
-    EXPECT_LT(green, 40 * 40 / 2);
-}
-
-// The same stripes of colour each time, for mixes to work against.
-void Stripes(const ForeignContext& context)
-{
-    for (int band = 0; band < 10; ++band) {
-        HBRUSH brush = CreateSolidBrush(RGB(25 * band, 255 - 20 * band, band % 2 ? 200 : 40));
-        RECT row = {0, band * context.side / 10, context.side, (band + 1) * context.side / 10};
-        FillRect(context.dc, &row, brush);
-        DeleteObject(brush);
-    }
-}
-
-struct FILLCASE {
-    vFILLTYPE type;
-    int transparent;
-    int hatch;
+// A drawing on a fresh black memory device: its ink's box (if given), pixels, how many of a colour.
+const struct {
+    const char* what;
+    std::function<void(vMEMDEVICE&)> draw;
+    Ints ink;
+    Spots spots;
+    COLORREF counted;
+    int least, most;
+} Drawings[] = {
+    {"an outline covers its left and top edges, not its right and bottom ones; a fresh device fills nothing",
+     [](vMEMDEVICE& d) { d.LineSpec(Line(Red, 1)); d.DrawRect(vRECT(10, 10, 30, 20)); }, {10, 10, 30, 20}, {{{20, 15}, Black}}, Red, 56, 56},
+    {"a fill without a pen covers what the outline does",
+     [](vMEMDEVICE& d) { Solid(d, Blue); d.DrawRect(vRECT(10, 10, 30, 20)); }, {10, 10, 30, 20}, {}, Blue, 200, 200},
+    {"a wide outline stays inside the rectangle",
+     [](vMEMDEVICE& d) { d.LineSpec(Line(Red, 4)); d.DrawRect(vRECT(10, 10, 50, 50)); }, {10, 10, 50, 50}, {{{13, 30}, Red}, {{14, 30}, Black}}, Red, 1, 576},
+    {"lines leave out their last point, poly-lines visit every point, and a line is as thick as it is wide",
+     [](vMEMDEVICE& d) {
+         d.LineSpec(Line(Green, 1)); d.DrawLine(vINT(3), vPOINT(10, 20), vPOINT(40, 20), vPOINT(40, 40));
+         d.LineSpec(Line(Green, 5)); d.DrawLine(vPOINT(50, 60), vPOINT(90, 60));
+     },
+     {}, {{{10, 20}, Green}, {{40, 30}, Green}, {{40, 40}, Black}, {{70, 57}, Black}, {{70, 58}, Green}, {{70, 62}, Green}, {{70, 63}, Black}}, Green, 1, 9999},
+    {"a dash pattern of two on and two off is as much on as off",
+     [](vMEMDEVICE& d) { d.LineSpec(Line(Red, 1, vDASH_PATTERN, TwoOnTwoOff)); d.DrawLine(vPOINT(0, 20), vPOINT(100, 20)); }, {}, {}, Red, 46, 54},
+    {"a pie fills its wedge anticlockwise from the first ray",
+     [](vMEMDEVICE& d) { Solid(d, Blue); d.DrawPie(vRECT(0, 0, 80, 80), vPOINT(80, 40), vPOINT(40, 0)); },
+     {}, {{{55, 25}, Blue}, {{25, 25}, Black}, {{55, 55}, Black}}, Blue, 1, 1600},
+    {"a shape is filled, then outlined along its path",
+     [](vMEMDEVICE& d) { d.LineSpec(Line(Red, 1)); d.FillSpec(Fill(Blue)); d.DrawShape(vRECTSHAPE(vRECT(10, 10, 40, 40))); },
+     {10, 10, 41, 41}, {{{10, 10}, Red}, {{40, 40}, Red}, {{10, 25}, Red}, {{11, 25}, Blue}}, Blue, 1, 900},
+    {"the alternate rule leaves the overlap of two contours empty",
+     [](vMEMDEVICE& d) { Solid(d, Blue); d.DrawShape(Overlapping()); }, {10, 10, 70, 70}, {{{20, 20}, Blue}, {{40, 40}, Black}}, Blue, 1, 3200},
+    {"the winding rule fills it",
+     [](vMEMDEVICE& d) { Solid(d, Blue, vFILL_WINDING); d.DrawShape(Overlapping()); }, {10, 10, 70, 70}, {{{40, 40}, Blue}}, Blue, 1, 3200},
+    {"a hatch leaves the background between its lines",
+     [](vMEMDEVICE& d) { d.FillSpec(Fill(Green, vFILL_HATCH_CROSS)); d.DrawRect(vRECT(0, 0, 40, 40)); }, {}, {}, Green, 1, 799},
+    {"with two logical units to a pixel, drawing lands where the conversion says",
+     [](vMEMDEVICE& d) { Halves(d, 4); Solid(d, White); d.DrawRect(vRECT(3, 3, 9, 9)); }, {1, 1, 5, 5}, {}, White, 16, 16},
+    {"a line's width is in logical units",
+     [](vMEMDEVICE& d) { Halves(d, 1); d.LineSpec(Line(Red, 2)); d.DrawLine(vPOINT(5, 20), vPOINT(40, 20)); },
+     {}, {{{50, 37}, Black}, {{50, 38}, Red}, {{50, 41}, Red}, {{50, 42}, Black}}, Red, 1, 9999},
+    {"a clip rectangle keeps drawing inside",
+     [](vMEMDEVICE& d) { d.ClipArea(vRECT(20, 30, 40, 70)); Solid(d, White); d.DrawRect(vRECT(0, 0, 100, 100)); }, {20, 30, 40, 70}, {}, White, 800, 800},
+    {"a clip ellipse cuts the corners",
+     [](vMEMDEVICE& d) { d.ClipArea(vELPSSHAPE(vRECT(10, 10, 70, 70))); Solid(d, White); d.DrawRect(vRECT(0, 0, 100, 100)); },
+     {}, {{{40, 12}, White}, {{12, 12}, Black}, {{67, 67}, Black}, {{8, 40}, Black}, {{72, 40}, Black}}, White, 2601, 2999},
+    {"exclusive or drawn twice leaves no trace",
+     [](vMEMDEVICE& d) {
+         Solid(d, RGB(200, 100, 50)); d.DrawRect(vRECT(0, 0, 50, 100)); d.DrawMode(vDRAW_XOR);
+         d.LineSpec(Line(RGB(10, 200, 30), 3)); d.FillSpec(Fill(RGB(90, 60, 255)));
+         for (int twice = 0; twice < 2; ++twice)
+             d.DrawRect(vRECT(20, 20, 80, 80)), d.DrawEllipse(vRECT(10, 30, 90, 70)), d.DrawLine(vPOINT(0, 5), vPOINT(99, 95));
+     },
+     {0, 0, 50, 100}, {}, RGB(200, 100, 50), 5000, 5000},
 };
 
-// A fill is painted as a pattern; every mix mode, every kind of brush and
-// rectangles in order, reversed, empty and of one pixel must come out as the
-// platform's pen-less rectangle one pixel larger each way. The device draws
-// on a context handed in, whose mix mode it leaves alone.
-TEST_F(DrawTest, FillPaintsWhatAPenlessRectanglePaints)
+class DeviceTest : public SurfaceTest {};
+
+TEST_F(DeviceTest, EveryDrawingPutsItsInkWhereItBelongs)
 {
-    const FILLCASE fills[] = {{vFILL_SOLID, 0, -1}, {vFILL_HATCH_CROSS, 0, HS_CROSS},
-                              {vFILL_HATCH_CROSS, 1, HS_CROSS}};
+    for (const auto& drawing : Drawings) {
+        SCOPED_TRACE(drawing.what);
+        vMEMDEVICE device(vSIZE(Side, Side));
+        drawing.draw(device);
+        Pixels pixels(device);
+        EXPECT_EQ(drawing.ink.empty() ? drawing.ink : pixels.Ink(), drawing.ink);
+        ExpectSpots(pixels, drawing.spots);
+        EXPECT_GE(pixels.Count(drawing.counted), drawing.least);
+        EXPECT_LE(pixels.Count(drawing.counted), drawing.most);
+    }
+}
+
+// A fill is a pattern: in every mix of a context handed in, with every kind of brush, over rectangles
+// in order, reversed, empty and of one pixel, it paints a pen-less rectangle one pixel larger each way.
+TEST_F(DeviceTest, AFillPaintsWhatAPenlessRectanglePaintsInEveryMix)
+{
+    const int fills[][3] = {{vFILL_SOLID, 0, -1}, {vFILL_HATCH_CROSS, 0, HS_CROSS}, {vFILL_HATCH_DIAGCROSS, 1, HS_DIAGCROSS}};
     const RECT rects[] = {{10, 12, 40, 30}, {40, 30, 10, 12}, {20, 5, 20, 50}, {21, 5, 20, 50}, {60, 60, 61, 61}};
-    const COLORREF ink = RGB(90, 160, 30);
-    const COLORREF paper = RGB(200, 20, 120);
-    ForeignContext target(Side);
-    ForeignContext reference(Side);
-    HGDIOBJ originalPen = SelectObject(reference.dc, GetStockObject(NULL_PEN));
-    {
-        vDEVICEID device(target.dc);
-        device.LineSpec(NoLine());
-        for (int mix = R2_BLACK; mix <= R2_WHITE; ++mix) {
-            SetROP2(target.dc, mix);
-            SetROP2(reference.dc, mix);
-            for (const FILLCASE& fill : fills) {
-                device.Transparency(fill.transparent);
-                device.FillSpec(vFILLSPEC(fill.type, Colour(ink), Colour(paper), vANGLE(), vFILL_ALTERNATE));
-                SetBkMode(reference.dc, fill.transparent ? TRANSPARENT : OPAQUE);
-                SetBkColor(reference.dc, paper);
-                HBRUSH brush = fill.hatch < 0 ? CreateSolidBrush(ink) : CreateHatchBrush(fill.hatch, ink);
-                HGDIOBJ before = SelectObject(reference.dc, brush);
-                for (const RECT& rect : rects) {
-                    Stripes(target);
-                    Stripes(reference);
-                    device.DrawRect(vRECT(rect.left, rect.top, rect.right, rect.bottom));
-                    Rectangle(reference.dc, rect.left, rect.top, rect.right + 1, rect.bottom + 1);
-                    EXPECT_TRUE(target.Read() == reference.Read())
-                        << "mix " << mix << ", brush " << fill.hatch << ", transparent " << fill.transparent
-                        << ", rect " << rect.left << "," << rect.top << "," << rect.right << "," << rect.bottom;
-                }
-                DeleteObject(SelectObject(reference.dc, before));
+    const COLORREF ink = RGB(90, 160, 30), paper = RGB(200, 20, 120);
+    ForeignContext target(Side), reference(Side);
+    SelectObject(reference.dc, GetStockObject(NULL_PEN));
+    vDEVICEID device(target.dc);
+    device.LineSpec(NoLine());
+    for (int mix = R2_BLACK; mix <= R2_WHITE; ++mix)
+        for (const auto& fill : fills) {
+            device.Transparency(fill[1]);
+            device.FillSpec(Fill(ink, vFILLTYPE(fill[0]), vFILL_ALTERNATE, paper));
+            SetBkMode(reference.dc, fill[1] ? TRANSPARENT : OPAQUE);
+            SetBkColor(reference.dc, paper);
+            HGDIOBJ before = SelectObject(reference.dc, fill[2] < 0 ? CreateSolidBrush(ink) : CreateHatchBrush(fill[2], ink));
+            for (const RECT& r : rects) {
+                for (RECT band = {0, 0, Side, 10}; band.top < Side; band.top += 10, band.bottom += 10)
+                    for (const ForeignContext* context : {&target, &reference})
+                        FillRect(context->dc, &band, HBRUSH(GetStockObject(band.top / 10 % 5)));
+                device.DrawRect(vRECT(r.left, r.top, r.right, r.bottom));
+                Rectangle(reference.dc, r.left, r.top, r.right + 1, r.bottom + 1);
+                EXPECT_TRUE(target.Read() == reference.Read()) << "mix " << mix << ", fill " << fill[0] << ", rect " << r.left << "," << r.top;
             }
+            DeleteObject(SelectObject(reference.dc, before));
+        }
+}
+
+// Fresh specs each time make every pen, brush, font and region again; none stays once the device is gone.
+TEST_F(DeviceTest, NoDrawingLeavesAnObjectBehind)
+{
+    unsigned long before = LiveGdiObjects();
+    {
+        vMEMDEVICE other(vSIZE(Side, Side));
+        for (int round = 0; round <= 300; ++round) {
+            other.PushState();
+            other.LineSpec(Line(RGB(round, 1, 2), 1 + round % 4, vDASHTYPE(round % 5)));
+            other.FillSpec(Fill(RGB(round, 1, 2), vFILLTYPE(round % 2 ? vFILL_SOLID : vFILL_HATCH_CROSS)));
+            other.FontSpec(vFONTSPEC(vSTRING(), vFONT_BOLD, 8 + round % 5, vREAL(1.5), 100, vFONT_POINTS, vANGLE()));
+            other.ClipArea(vELPSSHAPE(vRECT(0, 0, 90, 90)));
+            other.DrawShape(vRECTSHAPE(vRECT(20, 20, 30, 30)));
+            other.DrawTextA(vSTRING("Leak"), vRECT(0, 0, 100, 30), vTEXT_CENTRE);
+            if (round < 300)
+                other.PopState();
         }
     }
-    SelectObject(reference.dc, originalPen);
+    EXPECT_EQ(LiveGdiObjects(), before);
 }
 
-// A memory device's context keeps the settings and objects of one pass for
-// the next; whatever else changes them in between, the next pass still draws
-// with its own. The hatch repeats every 8 pixels, so a copy 48 pixels along
-// each way must match to the pixel.
-TEST_F(DrawTest, ALastingContextStillDrawsWithItsOwnSettings)
+// Each pop takes the newest entry of its kind wherever it stands; a whole
+// state's pop ignores single pushes and restores specs, clip and origin; a
+// copy, made or assigned, carries the stack in its order as its own.
+TEST_F(DeviceTest, EachPopFindsTheNewestEntryOfItsOwnKind)
 {
+    vFONTSPEC bold(vSTRING("Arial"), vFONT_BOLD, 12, vREAL(1), 100, vFONT_POINTS, vANGLE());
     device().LineSpec(Line(Red, 1));
-    device().FillSpec(vFILLSPEC(vFILL_HATCH_CROSS, Colour(Blue), Colour(White), vANGLE(), vFILL_ALTERNATE));
-    device().Transparency(0);
-    device().DrawRect(vRECT(0, 0, 40, 40));
-    HDC dc = device().GetWinDC();
-    SetBkMode(dc, TRANSPARENT);
-    SetBkColor(dc, Green);
-    SetTextColor(dc, Green);
-    SetPolyFillMode(dc, WINDING);
-    SelectObject(dc, GetStockObject(WHITE_PEN));
-    SelectObject(dc, GetStockObject(GRAY_BRUSH));
-    device().DrawRect(vRECT(48, 48, 88, 88));
-    Pixels pixels = Read();
-    int differing = 0;
-    for (int y = 0; y < 40; ++y)
-        for (int x = 0; x < 40; ++x)
-            differing += pixels.At(x, y) != pixels.At(x + 48, y + 48);
-    EXPECT_EQ(differing, 0);
-    EXPECT_GT(pixels.Count(White), 0) << "the gaps of the hatch are painted";
-}
-
-class ClipTest : public SurfaceTest {
-protected:
-    void FloodAll()
-    {
-        device().LineSpec(NoLine());
-        device().FillSpec(Fill(White));
-        device().DrawRect(vRECT(0, 0, Side, Side));
+    device().FontSpec(bold);
+    ASSERT_TRUE(device().PushLineSpec() && device().PushFontSpec());
+    for (COLORREF colour : {Red, Green, Blue}) {
+        device().FillSpec(Fill(colour));
+        if (colour != Blue)
+            device().PushFillSpec();
     }
-};
-
-TEST_F(ClipTest, RectangleKeepsDrawingInside)
-{
-    ASSERT_TRUE(device().ClipArea(vRECT(20, 30, 40, 70)));
-    FloodAll();
-    Pixels pixels = Read();
-    EXPECT_EQ(Edges(pixels.Ink()), (std::vector<long>{20, 30, 40, 70}));
-    EXPECT_EQ(pixels.Count(White), 20 * 40);
-}
-
-TEST_F(ClipTest, EllipseShapeCutsTheCorners)
-{
-    ASSERT_TRUE(device().ClipArea(vELPSSHAPE(vRECT(10, 10, 70, 70))));
-    FloodAll();
-    Pixels pixels = Read();
-    EXPECT_EQ(pixels.At(40, 40), White);
-    EXPECT_EQ(pixels.At(40, 12), White);
-    EXPECT_EQ(pixels.At(12, 12), Black);
-    EXPECT_EQ(pixels.At(67, 67), Black);
-    RECT ink = pixels.Ink();
-    EXPECT_GE(ink.left, 9);
-    EXPECT_LE(ink.right, 72);
-    EXPECT_GT(pixels.Count(White), 2600);
-    EXPECT_LT(pixels.Count(White), 3000);
-}
-
-TEST_F(ClipTest, IntersectTellsWhatLiesInside)
-{
-    EXPECT_TRUE(device().ClipAreaIntersect(vPOINT(500, 500))) << "no clip lets everything through";
-    device().ClipArea(vRECT(20, 20, 40, 40));
-    EXPECT_TRUE(device().ClipAreaIntersect(vPOINT(20, 20)));
-    EXPECT_FALSE(device().ClipAreaIntersect(vPOINT(40, 30)));
-    EXPECT_TRUE(device().ClipAreaIntersect(vRECT(35, 35, 60, 60)));
-    EXPECT_FALSE(device().ClipAreaIntersect(vRECT(45, 45, 60, 60)));
-    EXPECT_TRUE(device().ClipArea() == vRECT(20, 20, 40, 40));
+    device().ClipArea(vRECT(1, 2, 3, 4));
+    device().LineSpec(Line(Green, 1));
+    device().FontSpec(vFONTSPEC());
+    vDEVICEID assigned(nullptr);
+    static_cast<vDEVICE&>(assigned) = device();
+    vDEVICEID made(assigned);
+    ASSERT_TRUE(device().PopLineSpec() && !device().PopLineSpec() && device().PopFontSpec());
+    EXPECT_TRUE(device().FontSpec() == bold && made.PopLineSpec() && made.LineSpec() == Line(Red, 1));
+    for (vDEVICE* copy : {static_cast<vDEVICE*>(&made), static_cast<vDEVICE*>(&assigned), static_cast<vDEVICE*>(&device())}) {
+        EXPECT_TRUE(copy->FillSpec() == Fill(Blue));
+        for (COLORREF colour : {Green, Red})
+            EXPECT_TRUE(copy->PopFillSpec() && copy->FillSpec() == Fill(colour));
+        EXPECT_EQ(Ints({copy->PopFillSpec(), copy->ClipAreaIntersect(vPOINT(1, 2)), copy->ClipAreaIntersect(vPOINT(5, 5))}), Ints({0, 1, 0}));
+    }
+    device().ClipArea(vRECT(0, 0, 50, 50));
+    ASSERT_TRUE(device().PushLineSpec() && !device().PopState() && device().PopLineSpec() && device().PushState());
+    device().LineSpec(Line(Green, 3));
     device().ClearClipArea();
-    EXPECT_TRUE(device().ClipArea() == vRECT(0, 0, Side, Side));
+    device().Origin(vPOINT(-20, -20));
+    ASSERT_TRUE(device().PopState());
+    device().DrawLine(vPOINT(0, 40), vPOINT(90, 40));
+    EXPECT_EQ(Read().Ink(), Ints({0, 40, 50, 41})) << "a red line of one pixel, clipped, at no origin";
+    EXPECT_EQ(Ints({Read().Count(Red), device().ClipAreaIntersect(vRECT(45, 45, 60, 60)), device().ClipAreaIntersect(vRECT(50, 0, 60, 9))}),
+              Ints({50, 1, 0}));
 }
 
-}  // namespace
-
-namespace {
-
-class DrawModeTest : public SurfaceTest {};
-
-TEST_F(DrawModeTest, ExclusiveOrDrawnTwiceLeavesNoTrace)
+// Positions floor; a rectangle's far edges and a device length take the ceiling,
+// so nothing given vanishes; a logical length floors. A colour shades by a fraction.
+TEST_F(DeviceTest, UnitsConvertByTheirRoundingRules)
 {
-    device().LineSpec(NoLine());
-    device().FillSpec(Fill(RGB(200, 100, 50)));
-    device().DrawRect(vRECT(0, 0, 50, Side));
-    Pixels before = Read();
-    device().DrawMode(vDRAW_XOR);
-    device().LineSpec(Line(RGB(10, 200, 30), 3));
-    device().FillSpec(Fill(RGB(90, 60, 255)));
-    device().DrawRect(vRECT(20, 20, 80, 80));
-    device().DrawEllipse(vRECT(10, 30, 90, 70));
-    device().DrawLine(vPOINT(0, 5), vPOINT(99, 95));
-    Pixels once = Read();
-    EXPECT_FALSE(once == before);
-    EXPECT_EQ(once.At(30, 25), RGB(200 ^ 90, 100 ^ 60, 50 ^ 255));
-    device().DrawRect(vRECT(20, 20, 80, 80));
-    device().DrawEllipse(vRECT(10, 30, 90, 70));
-    device().DrawLine(vPOINT(0, 5), vPOINT(99, 95));
-    EXPECT_TRUE(Read() == before);
-}
-
-class GdiLeakTest : public SurfaceTest {
-protected:
-    // Every kind of drawing, each with fresh specs, so that every pen, brush,
-    // font and region the device makes is made again.
-    void DrawEverything(int round)
-    {
-        COLORREF colour = RGB(round & 0xFF, 100, 200);
-        device().PushState();
-        device().LineSpec(Line(colour, 1 + round % 4, static_cast<vDASHTYPE>(round % 5)));
-        device().FillSpec(Fill(colour, round % 2 ? vFILL_SOLID : vFILL_HATCH_CROSS));
-        device().FontSpec(vFONTSPEC(vSTRING(), vFONT_BOLD, 8 + round % 5, vREAL(1.5), 100,
-                                    vFONT_POINTS, vANGLE()));
-        device().ClipArea(vELPSSHAPE(vRECT(0, 0, 90, 90)));
-        device().PushClipArea();
-        device().ClipArea(vRECT(5, 5, 95, 95));
-        device().DrawRect(vRECT(1, 1, 50, 50));
-        device().DrawEllipse(vRECT(10, 10, 60, 40));
-        device().DrawRoundRect(vRECT(10, 10, 60, 40), vSIZE(6, 6));
-        device().DrawPie(vRECT(10, 10, 60, 60), vPOINT(60, 35), vPOINT(35, 10));
-        device().DrawShape(vRECTSHAPE(vRECT(20, 20, 30, 30)));
-        device().Transparency(round % 2);
-        device().DrawTextA(vSTRING("Leak"), vRECT(0, 0, 100, 30), vTEXT_CENTRE);
-        device().DrawChar(vCHAR('x'), vPOINT(3, 3));
-        device().GetCurFontDetail()->GetDefStringWidth(vSTRING("width"));
-        device().PopClipArea();
-        device().PopState();
+    auto point = [](const vPOINT& p) { return Ints{p.x(), p.y()}; };
+    auto rect = [](const vRECT& r) { return Ints{r.Left()(), r.Top()(), r.Right()(), r.Bottom()()}; };
+    const std::tuple<long, std::function<Ints(vDEVICE&)>, Ints> rows[] = {
+        {0, [&](vDEVICE& d) { return point(d.LPtoDP(vPOINT(-7, 13))); }, {-7, 13}},
+        {4, [&](vDEVICE& d) { return point(d.LPtoDP(vPOINT(3, 4))); }, {1, 2}},
+        {4, [&](vDEVICE& d) { return rect(d.LPtoDP(vRECT(3, 3, 9, 10))); }, {1, 1, 5, 5}},
+        {4, [&](vDEVICE& d) { return rect(d.LPtoDP(vRECT(-3, -3, -1, -1))); }, {-2, -2, -2, -2}},
+        {1, [&](vDEVICE& d) { return rect(d.DPtoLP(vRECT(1, 1, 3, 3))); }, {0, 0, 2, 2}},
+        {4, [](vDEVICE& d) { return Ints{d.LHtoDH(1)(), d.LVtoDV(0)(), d.LHtoDH(4)(), d.LVtoDV(-1)(), d.DHtoLH(3)()}; }, {1, 0, 2, -2, 6}},
+        {1, [](vDEVICE& d) { return Ints{d.DHtoLH(3)(), d.DVtoLV(-3)(), d.LVtoDV(3)()}; }, {1, -2, 6}},
+        {2, [&](vDEVICE& d) { d.Origin(vPOINT(10, 20)); return point(d.DPtoLP(vPOINT(0, 0))); }, {10, 20}},
+    };
+    vCOLOUR colour(200, 100, 50);
+    EXPECT_TRUE(device().DisplayMode(vDISPLAY_SHADE, colour, 1, 2) && colour == vCOLOUR(100, 50, 25));
+    EXPECT_FALSE(device().DisplayMode(vDISPLAY_SHADE, colour, 1, 0));
+    EXPECT_TRUE(device().DisplayMode(vDISPLAY_NEAREST, colour, 0, 0) && colour == vCOLOUR(100, 50, 25)) << "a deep device shows every colour";
+    EXPECT_EQ(Ints({device().LogUnitsPerVertInch()() == device().DevUnitsPerVertInch()(), device().GetNoColours()() > 255}), Ints({1, 1}));
+    for (const auto& row : rows) {
+        vMEMDEVICE fresh(vSIZE(10, 10));
+        Halves(fresh, std::get<0>(row));
+        EXPECT_EQ(std::get<1>(row)(fresh), std::get<2>(row)) << "at " << std::get<0>(row) << " halves";
     }
-};
-
-TEST_F(GdiLeakTest, ManyDrawingsHoldNoMoreObjectsThanOne)
-{
-    DrawEverything(0);
-    unsigned long before = LiveGdiObjects();
-    ASSERT_GT(before, 0u);
-    for (int round = 1; round <= 300; ++round)
-        DrawEverything(round);
-    EXPECT_EQ(LiveGdiObjects(), before);
 }
 
-TEST_F(GdiLeakTest, ADeviceGivesBackAllItMadeWhenItDies)
+vFONTSPEC Font(double expansion)
 {
-    unsigned long before = LiveGdiObjects();
-    {
-        vMEMDEVICE other(vSIZE(30, 30));
-        other.LineSpec(Line(Red, 2));
-        other.FillSpec(Fill(Blue));
-        other.ClipArea(vRECT(0, 0, 10, 10));
-        other.PushState();
-        other.DrawRect(vRECT(0, 0, 20, 20));
-        other.DrawTextA(vSTRING("x"), vRECT(0, 0, 20, 20), vTEXT_LEFT);
+    return vFONTSPEC(vSTRING(), vFONT_BOLD, 20, vREAL(expansion), 100, vFONT_PIXELS, vANGLE());
+}
+
+long Height(vDEVICE& device)
+{
+    return (device.GetCurFontDetail()->Ascent() + device.GetCurFontDetail()->Descent())();
+}
+
+// "HIH" 20 units high lies across the band from 20 to 60 as aligned and as
+// wide as measured, centred from top to bottom, in the line colour, an opaque
+// device filling its box first. Heights are in logical units, and a
+// character's cell starts at its point.
+TEST_F(DeviceTest, TextLiesAsAlignedAndMeasuresFollowTheSpecAndTheUnits)
+{
+    device().FontSpec(Font(1));
+    const long width = device().GetCurFontDetail()->GetDefStringWidth(vSTRING("HIH"))();
+    for (const auto& row : {std::make_pair(vTEXT_LEFT, 0L), {vTEXT_RIGHT, Side - width}, {vTEXT_CENTRE, (Side - width) / 2}}) {
+        vMEMDEVICE fresh(vSIZE(Side, Side));
+        fresh.FontSpec(Font(1));
+        fresh.LineSpec(Line(White, 1));
+        fresh.Transparency(row.first != vTEXT_CENTRE);
+        fresh.FillSpec(Fill(Blue));
+        fresh.DrawTextA(vSTRING("HIH"), vRECT(0, 20, Side, 60), row.first);
+        Pixels pixels(fresh);
+        Ints ink = pixels.Ink();
+        EXPECT_EQ(Ints({std::abs(ink[0] - row.second) <= 3, std::abs(ink[2] - row.second - width) <= 3, std::abs(ink[1] + ink[3] - 80) <= 8,
+                        ink[1] >= 20 && ink[3] <= 60, pixels.Count(Blue) > 0, row.first != vTEXT_CENTRE || pixels.At(1, 40) == Black}),
+                  Ints({1, 1, 1, 1, row.first == vTEXT_CENTRE, 1})) << row.first;
     }
-    EXPECT_EQ(LiveGdiObjects(), before);
+    EXPECT_EQ(Height(device()), 20);
+    device().LogUnitsPerVertInch(device().DevUnitsPerVertInch() * vINT(2));
+    device().LineSpec(Line(White, 1));
+    device().DrawChar(vCHAR('H'), vPOINT(30, 30));
+    Ints ink = Read().Ink();
+    EXPECT_TRUE(Height(device()) == 20 && ink[0] >= 30 && ink[0] <= 33 && ink[1] >= 15 && ink[3] - ink[1] <= 11) << "still 20 units high";
+    EXPECT_EQ(vFONTDETAIL().GetDefStringWidth(vSTRING("HIH"))(), 0) << "a detail without a device measures nothing";
+}
+
+// A picture of 4 by 2, top row red, green, blue, white, bottom row the other
+// way round, drawn whole into a target, or without one a unit a pixel at the
+// origin; a source takes part of it, a band of lines lands where it belongs,
+// a kept aspect centres it on the background, the key colour stays undrawn.
+TEST_F(DeviceTest, APictureIsDrawnByItsSourceTargetBandAspectAndKey)
+{
+    oMEMDIB picture, wide;
+    picture.SetHeader(oDIBHEADER(4, 2, 0, 0, oMODEL_RGB));
+    unsigned char lines[24] = {255, 255, 255, 255, 0, 0, 0, 255, 0, 0, 0, 255, 0, 0, 255, 0, 255, 0, 255, 0, 0, 255, 255, 255};
+    picture.SetImageLines(lines, oMODEL_RGB, 0, 1);
+    vRECT part(1, 0, 3, 2), square(10, 10, 30, 30), band(10, 10, 50, 30), all(0, 0, 80, 80), outside(10, 10, 20, 20);
+    const COLORREF grey = RGB(9, 9, 9);
+    vCOLOUR background = Colour(grey), key = Colour(Green);
+    const struct {
+        vRECT *source, *target;
+        int first, last, keepAspect;
+        vCOLOUR* key;
+        Ints ink;
+        Spots spots;
+    } rows[] = {
+        {nullptr, &band, 0, -1, 0, nullptr, {10, 10, 50, 30}, {{{15, 15}, Red}, {{25, 15}, Green}, {{35, 15}, Blue}, {{45, 15}, White},
+                                                                {{15, 25}, White}, {{25, 25}, Blue}, {{35, 25}, Green}, {{45, 25}, Red}}},
+        {nullptr, &band, 0, -1, 0, &key, {10, 10, 50, 30}, {{{15, 15}, Red}, {{25, 15}, Black}, {{35, 25}, Black}, {{45, 25}, Red}}},
+        {nullptr, nullptr, 0, -1, 0, nullptr, {0, 0, 4, 2}, {{{0, 0}, Red}, {{3, 0}, White}, {{0, 1}, White}, {{3, 1}, Red}}},
+        {&part, &square, 0, -1, 0, nullptr, {10, 10, 30, 30}, {{{15, 15}, Green}, {{25, 15}, Blue}, {{15, 25}, Blue}}},
+        {nullptr, &band, 1, 1, 0, nullptr, {10, 10, 50, 20}, {}},
+        {nullptr, &all, 0, -1, 1, nullptr, {0, 0, 80, 80}, {{{40, 10}, grey}, {{40, 70}, grey}, {{10, 30}, Red}, {{70, 50}, Red}}},
+        {nullptr, &band, 2, 5, 0, nullptr, {0, 0, 0, 0}, {}},
+        {&outside, nullptr, 0, -1, 0, nullptr, {0, 0, 0, 0}, {}},
+    };
+    unsigned long objects = LiveGdiObjects();
+    for (const auto& r : rows) {
+        vMEMDEVICE fresh(vSIZE(Side, Side));
+        EXPECT_EQ(fresh.DrawDIB(picture, r.source, r.key, r.first, r.last, r.target, r.keepAspect, r.keepAspect ? &background : nullptr),
+                  r.ink[2] != 0) << &r - rows;
+        Pixels pixels(fresh);
+        EXPECT_EQ(pixels.Ink(), r.ink) << &r - rows;
+        ExpectSpots(pixels, r.spots);
+        EXPECT_EQ(pixels.Count(grey), r.keepAspect ? 80 * 40 : 0);
+    }
+    EXPECT_EQ(LiveGdiObjects(), objects) << "the masking picture is let go each time";
+    EXPECT_FALSE(device().DrawDIB(oMEMDIB(), vRECT(0, 0, 50, 50), nullptr)) << "an empty picture draws nothing";
+    std::vector<unsigned char> line(9000 * 23, 255);
+    wide.SetHeader(oDIBHEADER(3000, 23, 0, 0, oMODEL_RGB));
+    ASSERT_TRUE(wide.SetImageLines(line.data(), oMODEL_RGB, 0, 22) && device().DrawDIB(wide, vRECT(0, 0, 100, 100), nullptr));
+    EXPECT_EQ(Read().Count(White), 100 * 100) << "a wide picture goes in many bands without seams";
+}
+
+// A device on a context handed in draws with its own pen and puts back all a
+// pass changed; between BeginDraw and EndDraw any device draws there in its
+// mix, its clip narrowing the context's own. A window device takes and gives back a context
+// for each drawing, and draws nothing without a window.
+TEST_F(DeviceTest, ContextAndWindowDevicesLeaveTheContextsAsTheyFoundThem)
+{
+    ForeignContext foreign;
+    HGDIOBJ pen = SelectObject(foreign.dc, CreatePen(PS_DOT, 1, RGB(1, 2, 3))), brush = SelectObject(foreign.dc, CreateSolidBrush(Green));
+    SetBkMode(foreign.dc, TRANSPARENT);
+    auto state = [dc = foreign.dc] {
+        return std::vector<UINT_PTR>{UINT_PTR(GetCurrentObject(dc, OBJ_PEN)), UINT_PTR(GetCurrentObject(dc, OBJ_BRUSH)),
+                                     UINT_PTR(GetCurrentObject(dc, OBJ_FONT)), UINT_PTR(GetBkMode(dc)), GetBkColor(dc),
+                                     GetTextColor(dc), UINT_PTR(GetPolyFillMode(dc))};
+    };
+    const std::vector<UINT_PTR> before = state();
+    {
+        vDEVICEID context(foreign.dc);
+        EXPECT_EQ(Ints({context() == foreign.dc, context.DeviceType()}), Ints({1, vDEV_CONTEXT}));
+        context.LineSpec(Line(Red, 1));
+        context.FillSpec(Fill(Blue, vFILL_HATCH_CROSS, vFILL_WINDING, White));
+        const std::function<int()> passes[] = {[&] { return context.DrawLine(vPOINT(0, 5), vPOINT(10, 5)); },
+                                               [&] { return context.DrawRect(vRECT(1, 8, 15, 15)); },
+                                               [&] { return context.DrawEllipse(vRECT(2, 8, 12, 12)); },
+                                               [&] { return context.DrawShape(vRECTSHAPE(vRECT(3, 9, 9, 12))); },
+                                               [&] { return context.DrawTextA(vSTRING("Ab"), vRECT(0, 10, 20, 20), vTEXT_LEFT); }};
+        for (const auto& pass : passes)
+            EXPECT_TRUE(pass() && state() == before) << &pass - passes;
+    }
+    EXPECT_EQ(Ints({GetPixel(foreign.dc, 3, 5) == Red, GetObjectType(foreign.dc) == OBJ_MEMDC}), Ints({1, 1}));
+    DeleteObject(SelectObject(foreign.dc, pen));
+    DeleteObject(SelectObject(foreign.dc, brush));
+    PatBlt(foreign.dc, 0, 0, 20, 20, BLACKNESS);
+    IntersectClipRect(foreign.dc, 0, 0, 10, 20);
+    SetROP2(foreign.dc, R2_NOT);
+    device().ClipArea(vRECT(5, 0, 20, 20));
+    Solid(device(), Green);
+    device().BeginDraw(foreign.dc);
+    device().DrawRect(vRECT(0, 0, 8, 20));
+    EXPECT_EQ(vDEVICE::GetZKDC(), foreign.dc) << "the context stays while the pass lasts";
+    device().EndDraw();
+    SelectClipRgn(foreign.dc, nullptr);
+    EXPECT_EQ(Colours({GetPixel(foreign.dc, 4, 5), GetPixel(foreign.dc, 5, 5), GetPixel(foreign.dc, 7, 19), GetPixel(foreign.dc, 8, 5)}),
+              Colours({Black, White, White, Black})) << "a mix that ignores the pen still fills all of the area";
+    EXPECT_TRUE(vDEVICE::GetZKDC() == nullptr && Read().Count(Green) == 0);
+    vWINDOWID nowhere(nullptr);
+    EXPECT_FALSE(nowhere.GetWinDC() || nowhere.DrawRect(vRECT(0, 0, 10, 10)));
+    HWND window = CreateWindowExA(0, "STATIC", "", WS_POPUP, 0, 0, 50, 50, nullptr, nullptr, nullptr, nullptr);
+    {
+        vWINDOWID onWindow(window);
+        EXPECT_EQ(Ints({onWindow() == window, onWindow.DeviceType(), onWindow.DrawRect(vRECT(0, 0, 10, 10)), vDEVICE::GetZKDC() == nullptr}),
+                  Ints({1, vDEV_WINDOW, 1, 1}));
+    }
+    DestroyWindow(window);
 }
 
 }  // namespace

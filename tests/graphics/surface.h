@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <optional>
 #include <string>
 #include <vector>
@@ -13,32 +14,23 @@
 
 namespace zktest {
 
+const COLORREF Red = RGB(255, 0, 0), Green = RGB(0, 255, 0), Blue = RGB(0, 0, 255);
+const COLORREF White = RGB(255, 255, 255), Black = RGB(0, 0, 0);
+
 // What a bitmap holds, read back pixel by pixel.
 class Pixels {
 public:
-    explicit Pixels(const vMEMDEVICE& device)
-        : Pixels(device.Bitmap(), device.Size().Width()(), device.Size().Height()())
-    {
-    }
+    explicit Pixels(const vMEMDEVICE& device) : Pixels(device.Bitmap(), device.Size().Width()(), device.Size().Height()()) {}
 
     Pixels(HBITMAP bitmap, int width, int height) : width(width), height(height), bits(width * height)
     {
-        BITMAPINFO info = {};
-        info.bmiHeader.biSize = sizeof info.bmiHeader;
-        info.bmiHeader.biWidth = width;
-        info.bmiHeader.biHeight = -height;
-        info.bmiHeader.biPlanes = 1;
-        info.bmiHeader.biBitCount = 32;
-        info.bmiHeader.biCompression = BI_RGB;
+        BITMAPINFO info = {{sizeof info.bmiHeader, width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0}, {}};
         HDC screen = GetDC(nullptr);
-        read = GetDIBits(screen, bitmap, 0, height, bits.data(), &info, DIB_RGB_COLORS);
+        read = GetDIBits(screen, bitmap, 0, height, bits.data(), &info, DIB_RGB_COLORS) == height && width > 0;
         ReleaseDC(nullptr, screen);
     }
 
-    int Read() const
-    {
-        return height > 0 && width > 0 && read == height;
-    }
+    int Read() const { return read; }
 
     COLORREF At(int x, int y) const
     {
@@ -46,36 +38,26 @@ public:
         return RGB(pixel >> 16 & 0xFF, pixel >> 8 & 0xFF, pixel & 0xFF);
     }
 
-    // The smallest rectangle, right and bottom outside, round every pixel
-    // that differs from the background; all zero when there is none.
-    RECT Ink(COLORREF background = RGB(0, 0, 0)) const
-    {
-        RECT box = {width, height, 0, 0};
-        for (int y = 0; y < height; ++y) {
-            for (int x = 0; x < width; ++x) {
-                if (At(x, y) == background)
-                    continue;
-                box.left = x < box.left ? x : box.left;
-                box.top = y < box.top ? y : box.top;
-                box.right = x + 1 > box.right ? x + 1 : box.right;
-                box.bottom = y + 1 > box.bottom ? y + 1 : box.bottom;
-            }
-        }
-        return box.right ? box : RECT{0, 0, 0, 0};
-    }
-
-    int operator==(const Pixels& other) const
-    {
-        return bits == other.bits;
-    }
-
     int Count(COLORREF colour) const
     {
         int count = 0;
+        for (int at = 0; at < width * height; ++at)
+            count += At(at % width, at / width) == colour;
+        return count;
+    }
+
+    bool operator==(const Pixels& other) const { return bits == other.bits; }
+
+    // Left, top, right and bottom (the last two outside) of every pixel not
+    // of the background; all zero when there is none.
+    std::vector<long> Ink(COLORREF background = Black) const
+    {
+        std::vector<long> box = {width, height, 0, 0};
         for (int y = 0; y < height; ++y)
             for (int x = 0; x < width; ++x)
-                count += At(x, y) == colour;
-        return count;
+                if (At(x, y) != background)
+                    box = {std::min<long>(box[0], x), std::min<long>(box[1], y), std::max<long>(box[2], x + 1), std::max<long>(box[3], y + 1)};
+        return box[2] ? box : std::vector<long>{0, 0, 0, 0};
     }
 
     // For a person to look at: pngs/<name>.png under the current directory.
@@ -85,31 +67,23 @@ public:
         std::vector<DWORD> opaque(bits);
         for (DWORD& pixel : opaque)
             pixel |= 0xFF000000;
-        WritePng(("pngs/" + name + ".png").c_str(), reinterpret_cast<const unsigned char*>(opaque.data()), width,
-                 height);
+        WritePng(("pngs/" + name + ".png").c_str(), reinterpret_cast<const unsigned char*>(opaque.data()), width, height);
     }
 
 private:
-    int width;
-    int height;
+    int width, height;
     std::vector<DWORD> bits;
-    int read = 0;
+    int read;
 };
-
-// The edges of what was drawn, right and bottom outside, as one comparison.
-inline std::vector<long> Edges(const RECT& box)
-{
-    return {box.left, box.top, box.right, box.bottom};
-}
 
 inline vCOLOUR Colour(COLORREF colour)
 {
     return vCOLOUR(GetRValue(colour), GetGValue(colour), GetBValue(colour));
 }
 
-inline vLINESPEC Line(COLORREF colour, long width, vDASHTYPE dash = vDASH_SOLID)
+inline vLINESPEC Line(COLORREF colour, long width, vDASHTYPE dash = vDASH_SOLID, const unsigned char* pattern = nullptr)
 {
-    return vLINESPEC(vLINE_SOLID, Colour(colour), width, vCORNER_MITRE, dash, nullptr);
+    return vLINESPEC(vLINE_SOLID, Colour(colour), width, vCORNER_MITRE, dash, pattern);
 }
 
 inline vLINESPEC NoLine()
@@ -117,92 +91,51 @@ inline vLINESPEC NoLine()
     return vLINESPEC(vLINE_NONE, vCOLOUR(), 1, vCORNER_MITRE, vDASH_SOLID, nullptr);
 }
 
-inline vFILLSPEC Fill(COLORREF colour, vFILLTYPE type = vFILL_SOLID)
+inline vFILLSPEC Fill(COLORREF colour, vFILLTYPE type = vFILL_SOLID, vFILLMODE mode = vFILL_ALTERNATE, COLORREF back = Black)
 {
-    return vFILLSPEC(type, Colour(colour), vCOLOUR(), vANGLE(), vFILL_ALTERNATE);
+    return vFILLSPEC(type, Colour(colour), Colour(back), vANGLE(), mode);
 }
 
-inline vFILLSPEC Hollow()
-{
-    return Fill(RGB(0, 0, 0), vFILL_HOLLOW);
-}
-
-// The platform's handle table as the process sees it: one entry of 24 bytes
-// for each possible handle, the type byte 0 when the entry is free.
-struct GdiHandleEntry {
-    unsigned long long object;
-    ULONG owner;
-    USHORT unique;
-    UCHAR type;
-    UCHAR flags;
-    unsigned long long user;
-};
-
-// Where the process environment block keeps its pointer to that table.
-const size_t GdiHandleTableAt = sizeof(void*) == 4 ? 0x94 : 0xF8;
-
-// How many GDI objects the process holds. Wine answers GetGuiResources with
-// 0, so there the live entries of the handle table that the process
-// environment block points at are counted instead.
+// How many GDI objects the process holds; where GetGuiResources answers 0, as
+// Wine's does, the live entries (24 bytes, type at 14) of the process's table.
 inline unsigned long LiveGdiObjects()
 {
-    unsigned long reported = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
-    if (reported)
+    if (unsigned long reported = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS))
         return reported;
     const BYTE* environment = reinterpret_cast<const BYTE*>(NtCurrentTeb()->ProcessEnvironmentBlock);
-    const GdiHandleEntry* table = *reinterpret_cast<GdiHandleEntry* const*>(environment + GdiHandleTableAt);
+    const BYTE* table = *reinterpret_cast<BYTE* const*>(environment + (sizeof(void*) == 4 ? 0x94 : 0xF8));
     unsigned long live = 0;
     for (unsigned long i = 0; table && i < 0x10000; ++i)
-        live += table[i].type != 0;
+        live += table[24 * i + 14] != 0;
     return live;
 }
 
-const COLORREF Red = RGB(255, 0, 0);
-const COLORREF Green = RGB(0, 255, 0);
-const COLORREF Blue = RGB(0, 0, 255);
-const COLORREF White = RGB(255, 255, 255);
-const COLORREF Black = RGB(0, 0, 0);
-
 // A context and bitmap of the test's own, black at first, as the platform
-// hands them to an owner-drawn item.
-class ForeignContext {
-public:
-    explicit ForeignContext(int side = 20) : side(side)
+// hands them to an owner-drawn item; the bitmap goes with the context.
+struct ForeignContext {
+    explicit ForeignContext(int side = 20) : side(side), dc(CreateCompatibleDC(nullptr)), bitmap(CreateBitmap(side, side, 1, 32, nullptr))
     {
-        HDC screen = GetDC(nullptr);
-        dc = CreateCompatibleDC(screen);
-        bitmap = CreateCompatibleBitmap(screen, side, side);
-        ReleaseDC(nullptr, screen);
-        previous = SelectObject(dc, bitmap);
+        SelectObject(dc, bitmap);
         PatBlt(dc, 0, 0, side, side, BLACKNESS);
     }
-
     ~ForeignContext()
     {
-        SelectObject(dc, previous);
-        DeleteObject(bitmap);
         DeleteDC(dc);
+        DeleteObject(bitmap);
     }
 
-    Pixels Read() const
-    {
-        return Pixels(bitmap, side, side);
-    }
+    Pixels Read() const { return Pixels(bitmap, side, side); }
 
     const int side;
     HDC dc;
-
-private:
     HBITMAP bitmap;
-    HGDIOBJ previous;
 };
 
-// A fixture with a black memory device to draw on, checked for leaks.
+// A black memory device of 100 by 100, gone before the leak check counts.
 class SurfaceTest : public LeakFreeTest {
 protected:
     static constexpr int Side = 100;
 
-    // The device dies before the leak check counts.
     void SetUp() override
     {
         LeakFreeTest::SetUp();
@@ -215,15 +148,8 @@ protected:
         LeakFreeTest::TearDown();
     }
 
-    vMEMDEVICE& device()
-    {
-        return *memory;
-    }
-
-    Pixels Read()
-    {
-        return Pixels(*memory);
-    }
+    vMEMDEVICE& device() { return *memory; }
+    Pixels Read() { return Pixels(*memory); }
 
 private:
     std::optional<vMEMDEVICE> memory;
