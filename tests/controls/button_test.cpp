@@ -12,7 +12,6 @@ class PROBE : public vBUTTON {
 public:
     using vBUTTON::vBUTTON;
     using vBUTTON::bitmap;
-    using vBUTTON::flags;
     using vBUTTON::labelBottom;
     using vBUTTON::labelLeft;
     using vBUTTON::labelRight;
@@ -40,13 +39,6 @@ protected:
     }
 };
 
-std::string ClassOf(HWND window)
-{
-    char name[32] = "";
-    GetClassNameA(window, name, sizeof name);
-    return name;
-}
-
 class ButtonTest : public ControlTest {};
 
 // The text lives in the platform's button, so a button without a window has
@@ -62,16 +54,15 @@ TEST_F(ButtonTest, ATextButtonIsThePlatformsOwnAndKeepsItsTextThere)
         SCOPED_TRACE(row.text);
         PROBE* button = new PROBE(*parent, vCTRLID(7), vSTRING(row.text), vRECT(10, 10, 90, 40), row.isDefault);
         HWND window = (*button)();
-        EXPECT_EQ(ClassOf(window), "Button");
+        char name[32] = "";
+        EXPECT_STREQ((GetClassNameA(window, name, sizeof name), name), "Button");
         EXPECT_EQ(GetParent(window), (*parent)());
         EXPECT_EQ(GetDlgCtrlID(window), 7);
         EXPECT_EQ(GetWindowLongA(window, GWL_STYLE) & 0xF, row.kind);
         EXPECT_STREQ(button->Text()(), row.text);
         EXPECT_STREQ(button->FontSpec().Name()(), "MS Sans Serif");
-        button->Text(vSTRING("Two"));
-        char title[16] = "";
-        GetWindowTextA(window, title, sizeof title);
-        EXPECT_STREQ(title, "Two");
+        SetWindowTextA(window, "Two");
+        EXPECT_STREQ(button->Text()(), "Two");
         DestroyWindow(window);
     }
     EXPECT_STREQ(vBUTTON(*parent, vCTRLID(8), vSTRING("Gone"), vRECT(0, 0, 1, 1), 0, CLASSID_TEXT).Text()(), "");
@@ -84,15 +75,6 @@ TEST_F(ButtonTest, ATextButtonIsThePlatformsOwnAndKeepsItsTextThere)
         EXPECT_EQ(*control->Bound(), vRECT(0, 0, 0, 0)) << resource;
         DestroyWindow((*control)());
     }
-}
-
-TEST_F(ButtonTest, SetDefaultTellsTheParentAndTakesTheStyle)
-{
-    wintest::Watched().insert(DM_SETDEFID);
-    PROBE* button = new PROBE(*parent, vCTRLID(7), vSTRING("Go"), vRECT(10, 10, 90, 40));
-    button->SetDefault();
-    EXPECT_EQ(Only("default"), Lines({"parent default " + std::to_string(DM_SETDEFID)}));
-    EXPECT_EQ(GetWindowLongA((*button)(), GWL_STYLE) & 0xF, BS_DEFPUSHBUTTON);
 }
 
 // Enable ignores its argument; each answer is the platform's for the change.
@@ -193,27 +175,6 @@ TEST_F(ButtonTest, PressingRedrawsOnEachChangeAndOnlyAClickCommands)
                 heard.push_back(line);
         }
         EXPECT_EQ(heard, row.calls);
-        DestroyWindow((*button)());
-    }
-}
-
-// The face needs a margin of 3 all round; a button without it grows from
-// its corner to the face plus 12.
-TEST_F(ButtonTest, AFaceButtonIsResizedOnlyWhenTheFaceDoesNotFit)
-{
-    const struct {
-        int width, height, kept;
-    } rows[] = {{26, 16, 1}, {40, 30, 1}, {25, 16, 0}, {26, 15, 0}, {0, 0, 0}};
-    vBITMAP face(CreateBitmap(20, 10, 1, 32, nullptr));
-    for (const auto& row : rows) {
-        SCOPED_TRACE(std::to_string(row.width) + "x" + std::to_string(row.height));
-        PROBE* button = new PROBE(*parent, vCTRLID(7), face, vRECT(10, 20, 10 + row.width, 20 + row.height));
-        RECT client;
-        GetClientRect((*button)(), &client);
-        EXPECT_EQ(client.right, row.kept ? row.width : 32);
-        EXPECT_EQ(client.bottom, row.kept ? row.height : 22);
-        EXPECT_EQ(button->bitmap->Size(), face.Size());
-        EXPECT_EQ(button->flags & WINF_ERASE, 0);
         DestroyWindow((*button)());
     }
 }

@@ -8,7 +8,6 @@ namespace {
 class PROBE : public vREPEATKEY {
 public:
     using vREPEATKEY::vREPEATKEY;
-    using vREPEATKEY::flags;
 
     int vTimer(const vRESID& id) override
     {
@@ -33,15 +32,6 @@ protected:
     vBITMAP face{Face(Plain)};
     PROBE* key = nullptr;
 };
-
-TEST_F(RepeatKeyTest, IsMadeAsABitButton)
-{
-    zktest::Pixels shot = Shot((*key)());
-    ASSERT_TRUE(shot.Read());
-    EXPECT_EQ(shot.Count(Plain), Core);
-    EXPECT_EQ(key->flags & WINF_ERASE, 0);
-    EXPECT_EQ(GetWindowLongA((*key)(), GWL_STYLE) & 0xF, BS_PUSHBUTTON);
-}
 
 // The release arms the timer and the next message kills it. When no other
 // message comes first, that next message is the tick itself: it kills the

@@ -17,9 +17,7 @@ public:
     }
     ~PLAIN() override { Note("~PLAIN"); }
 
-    using vDIALOG::dataUpdated;
     using vDIALOG::Init;
-    using vDIALOG::UpdateData;
 
     int vClick(const vCTRLID& id) override { return Note("vClick(" + Number(id) + ")"), vDIALOG::vClick(id); }
     int vCommand(const vCTRLID& id) override { return Note("vCommand(" + Number(id) + ")"), 0; }
@@ -89,23 +87,6 @@ TEST_F(DialogTest, InitMakesAndFillsTheControlsOfTheMapAndFocusesTheOneItNames)
         EXPECT_STREQ(shown, row.withData && row.map != terminatorOnly ? "7" : "");
         DestroyWindow(window);
     }
-}
-
-TEST_F(DialogTest, UpdateDataAsksEveryControlForItsValue)
-{
-    PLAIN* dialog = new PLAIN(Top(), Template(ENTRY_TEMPLATE), EntryMap<0>(), &data);
-    dialog->Init();
-    SetDlgItemTextA((*dialog)(), NAME_ITEM, "Bo");
-    SetDlgItemTextA((*dialog)(), NUMBER_ITEM, "12");
-    ENTRY other = {"", 0};
-    Log().clear();
-    dialog->UpdateData(&other);
-    EXPECT_EQ(Log(), (Lines{"101.UpdateData", "102.UpdateData"}));
-    EXPECT_STREQ(other.name, "Bo");
-    EXPECT_EQ(other.number, 12);
-    EXPECT_STREQ(data.name, "Ann");
-    EXPECT_EQ(dialog->dataUpdated, 1);
-    DestroyWindow((*dialog)());
 }
 
 // A message straight to the dialog procedure: whether the object answers 7,
