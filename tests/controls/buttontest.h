@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -11,10 +12,22 @@
 
 namespace buttontest {
 
+using wintest::Log;
 using wintest::Note;
 using Lines = std::vector<std::string>;
 
-// The parent of the buttons under test: it notes each command with its
+// The face colours: the key colour frames each face and is never drawn by a
+// bit button; the others tell the faces apart.
+const COLORREF Key = RGB(192, 192, 192);
+const COLORREF Plain = RGB(255, 0, 0);
+const COLORREF Pressed = RGB(0, 255, 0);
+const COLORREF Focused = RGB(0, 0, 255);
+const COLORREF Disabled = RGB(255, 255, 0);
+// A face is 16 pixels square: a frame of 2 in the key colour round 12 by 12.
+const int Side = 16;
+const int Core = 12 * 12;
+
+// The parent of the controls under test: it notes each command with its
 // notification code, which vCommand alone does not see.
 class PARENT : public wintest::RECORDER {
 public:
@@ -24,27 +37,30 @@ protected:
     int MsgHandler(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result) override
     {
         if (message == WM_COMMAND)
-            Note("parent.WM_COMMAND(" + std::to_string(LOWORD(wParam)) + "," + std::to_string(HIWORD(wParam)) +
-                 "," + std::to_string(lParam) + ")");
+            Note("parent.WM_COMMAND(" + std::to_string(LOWORD(wParam)) + "," + std::to_string(HIWORD(wParam)) + "," +
+                 std::to_string(lParam) + ")");
         return RECORDER::MsgHandler(message, wParam, lParam, result);
     }
 };
 
-// A bitmap the size given, in one colour, with a frame of another colour
-// round it; the caller owns it.
-inline HBITMAP SolidFace(int side, COLORREF inner, int frame, COLORREF border)
+// A face of the given side in one colour, framed by 2 pixels of the key
+// colour, with a hole of the key colour of the given side in its middle;
+// the caller owns it.
+inline HBITMAP Face(COLORREF inner, int side = Side, int hole = 0)
 {
     HDC screen = GetDC(nullptr);
     HBITMAP bitmap = CreateCompatibleBitmap(screen, side, side);
     HDC dc = CreateCompatibleDC(screen);
     HGDIOBJ old = SelectObject(dc, bitmap);
-    HBRUSH outer = CreateSolidBrush(border);
+    HBRUSH key = CreateSolidBrush(Key);
     HBRUSH middle = CreateSolidBrush(inner);
     RECT all = {0, 0, side, side};
-    RECT core = {frame, frame, side - frame, side - frame};
-    FillRect(dc, &all, outer);
+    RECT core = {2, 2, side - 2, side - 2};
+    RECT gap = {(side - hole) / 2, (side - hole) / 2, (side + hole) / 2, (side + hole) / 2};
+    FillRect(dc, &all, key);
     FillRect(dc, &core, middle);
-    DeleteObject(outer);
+    FillRect(dc, &gap, key);
+    DeleteObject(key);
     DeleteObject(middle);
     SelectObject(dc, old);
     DeleteDC(dc);
@@ -52,8 +68,7 @@ inline HBITMAP SolidFace(int side, COLORREF inner, int frame, COLORREF border)
     return bitmap;
 }
 
-// The client area of a window as it is on the screen, read back pixel by
-// pixel.
+// The client area of a window as it is on the screen.
 inline zktest::Pixels Shot(HWND window)
 {
     RECT client;
@@ -71,15 +86,29 @@ inline zktest::Pixels Shot(HWND window)
     return shot;
 }
 
+// The top left corner of where a colour shows in a window; the bottom right
+// corner of the window when it shows nowhere.
+inline POINT CornerOf(HWND window, COLORREF colour)
+{
+    RECT client;
+    GetClientRect(window, &client);
+    zktest::Pixels shot = Shot(window);
+    POINT corner = {client.right, client.bottom};
+    for (int y = 0; y < client.bottom; ++y)
+        for (int x = 0; x < client.right; ++x)
+            if (shot.At(x, y) == colour)
+                corner = {std::min<long>(corner.x, x), std::min<long>(corner.y, y)};
+    return corner;
+}
+
 // Lets everything queued run, for about the time given.
 inline void PumpFor(DWORD ms)
 {
     DWORD until = GetTickCount() + ms;
     do {
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
         wintest::Pump();
-        Sleep(10);
     } while (static_cast<long>(until - GetTickCount()) > 0);
-    wintest::Pump();
 }
 
 // Shows a window and lets it paint.
@@ -91,16 +120,17 @@ inline void ShowPainted(HWND window)
     PumpFor(50);
 }
 
+// The log lines that contain the part.
 inline Lines Only(const std::string& part)
 {
     Lines kept;
-    for (const std::string& line : wintest::Log())
+    for (const std::string& line : Log())
         if (line.find(part) != std::string::npos)
             kept.push_back(line);
     return kept;
 }
 
-inline void Press(DWORD flags)
+inline void Mouse(DWORD flags)
 {
     INPUT input = {};
     input.type = INPUT_MOUSE;
@@ -114,16 +144,17 @@ inline void MouseTo(HWND window, int x, int y)
     POINT at = {x, y};
     ClientToScreen(window, &at);
     SetCursorPos(at.x, at.y);
-    Press(MOUSEEVENTF_MOVE);
+    Mouse(MOUSEEVENTF_MOVE);
 }
 
 // Every test gets a shown parent under the shared top-level window; the
-// parent dies with the test.
-class ButtonTest : public wintest::WindowTest {
+// parent and the controls in it die with the test.
+class ControlTest : public wintest::WindowTest {
 protected:
     void SetUp() override
     {
         WindowTest::SetUp();
+        vCONTROL::CurHintedCtr = vCTRLID(0);
         parent = new PARENT(Top(), vRECT(0, 0, 300, 200));
         ShowWindow((*parent)(), SW_SHOW);
         wintest::Pump();

@@ -9,54 +9,30 @@ namespace {
 // answers for its MsgHandler where the test asks.
 class PLAIN : public vDIALOG {
 public:
-    PLAIN(const vWIN& parent, const vRESID& tmpl, const vCONTROLMAP* map = nullptr, void* data = nullptr,
+    template <class PARENT>
+    PLAIN(const PARENT& parent, const vRESID& tmpl, const vCONTROLMAP* map = nullptr, void* data = nullptr,
           int modal = 0, const vSTRING& title = vSTRING())
         : vDIALOG(parent, tmpl, map, data, title, modal)
     {
     }
-    PLAIN(const vAPP& app, const vRESID& tmpl, const vCONTROLMAP* map = nullptr, void* data = nullptr,
-          int modal = 0, const vSTRING& title = vSTRING())
-        : vDIALOG(app, tmpl, map, data, title, modal)
-    {
-    }
     ~PLAIN() override { Note("~PLAIN"); }
 
-    using vDIALOG::dataUpdated;
     using vDIALOG::Init;
-    using vDIALOG::UpdateData;
 
-    int vClick(const vCTRLID& id) override
-    {
-        Note("vClick(" + Number(id) + ")");
-        return vDIALOG::vClick(id);
-    }
-    int vCommand(const vCTRLID& id) override
-    {
-        Note("vCommand(" + Number(id) + ")");
-        return 0;
-    }
-    int vActivate() override
-    {
-        Note("vActivate");
-        return 0;
-    }
-    int vDeactivate() override
-    {
-        Note("vDeactivate");
-        return 0;
-    }
+    int vClick(const vCTRLID& id) override { return Note("vClick(" + Number(id) + ")"), vDIALOG::vClick(id); }
+    int vCommand(const vCTRLID& id) override { return Note("vCommand(" + Number(id) + ")"), 0; }
+    int vActivate() override { return Note("vActivate"), 0; }
+    int vDeactivate() override { return Note("vDeactivate"), 0; }
     int vContextHelp(HWND, vCTRLID& id, int fromMenu) override
     {
-        Note("vContextHelp(" + Number(id) + "," + Number(fromMenu) + ")");
-        return 0;
+        return Note("vContextHelp(" + Number(id) + "," + Number(fromMenu) + ")"), 0;
     }
     int HandleMessage(tagMSG& msg) override
     {
-        if (recordOffers)
+        if (recordOffers && msg.message != WM_TIMER)
             Note("HandleMessage(" + Number(msg.message) + ")");
         return takeOffers ? 1 : vDIALOG::HandleMessage(msg);
     }
-
     int MsgHandler(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result) override
     {
         auto answer = answers.find(message);
@@ -71,242 +47,121 @@ public:
     bool takeOffers = false;
 };
 
-// The reports about one control among the platform's own traffic.
-Lines About(unsigned short id)
+// What the map's factories and the controls hear, which control has the
+// focus, and what Init answers: 1 when the map names no control to focus.
+TEST_F(DialogTest, InitMakesAndFillsTheControlsOfTheMapAndFocusesTheOneItNames)
 {
-    Lines about;
-    std::string name = Number(id);
-    for (const std::string& line : Log())
-        if (line.rfind(name + ".", 0) == 0 || line.find("(" + name + ")") != std::string::npos)
-            about.push_back(line);
-    return about;
-}
-
-// The offers of the given messages among the platform's own traffic.
-Lines Offers(const std::vector<UINT>& messages)
-{
-    Lines offers;
-    for (const std::string& line : Log())
-        for (UINT message : messages)
-            if (line == "HandleMessage(" + Number(message) + ")")
-                offers.push_back(line);
-    return offers;
-}
-
-class DialogTest : public AppTest {
-protected:
-    void TearDown() override
-    {
-        EnableWindow(Top()(), TRUE);
-        AppTest::TearDown();
-    }
-
-    ENTRY data = Entry("Ann", 7);
-};
-
-const vCONTROLMAP terminatorOnly[] = {{nullptr, 0, 0, 0, 0}};
-const vCONTROLMAP focusOnNumber[] = {
-    {FIELD::NewName, NAME_ITEM, 0, offsetof(ENTRY, name), sizeof(ENTRY::name)},
-    {FIELD::NewNumber, NUMBER_ITEM, 0, offsetof(ENTRY, number), sizeof(long)},
-    {nullptr, NUMBER_ITEM, 0, 0, 0},
-};
-const vCONTROLMAP noFocus[] = {
-    {FIELD::NewName, NAME_ITEM, 0, offsetof(ENTRY, name), sizeof(ENTRY::name)},
-    {FIELD::NewNumber, NUMBER_ITEM, 0, offsetof(ENTRY, number), sizeof(long)},
-    {nullptr, 0, 0, 0, 0},
-};
-
-// One map handed to Init: with or without a data block, with the name
-// field made by hand first or not.
-struct MAPCASE {
-    const char* what;
-    const vCONTROLMAP* map;
-    bool withData;
-    bool nameByHand;
-    Lines calls;
-    int initResult;
-    unsigned short focused;
-};
-
-TEST_F(DialogTest, InitMakesAndFillsTheControlsOfTheMap)
-{
-    const MAPCASE rows[] = {
+    const vCONTROLMAP terminatorOnly[] = {{nullptr, 0, 0, 0, 0}};
+    const struct {
+        const char* what;
+        const vCONTROLMAP* map;
+        bool withData, nameByHand;
+        Lines calls;
+        int answer;
+        unsigned short focused;
+    } rows[] = {
         {"terminator only", terminatorOnly, true, false, {}, 1, 0},
-        {"terminator names a control",
-         focusOnNumber,
-         true,
-         false,
-         {"New(101)", "101.SetupView(value,16)", "New(102)", "102.SetupView(value,4)"},
-         0,
-         NUMBER_ITEM},
-        {"no data block",
-         noFocus,
-         false,
-         false,
-         {"New(101)", "101.SetupView(null,0)", "New(102)", "102.SetupView(null,0)"},
-         1,
-         0},
-        {"a control made by hand is kept",
-         noFocus,
-         true,
-         true,
-         {"101.SetupView(value,16)", "New(102)", "102.SetupView(value,4)"},
-         1,
-         0},
+        {"terminator names a control", EntryMap<NUMBER_ITEM>(), true, false,
+         {"New(101)", "101.SetupView(value,16)", "New(102)", "102.SetupView(value,4)"}, 0, NUMBER_ITEM},
+        {"no data block", EntryMap<0>(), false, false,
+         {"New(101)", "101.SetupView(null,0)", "New(102)", "102.SetupView(null,0)"}, 1, 0},
+        {"a control made by hand is kept", EntryMap<0>(), true, true,
+         {"101.SetupView(value,16)", "New(102)", "102.SetupView(value,4)"}, 1, 0},
     };
-    for (const MAPCASE& row : rows) {
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
         PLAIN* dialog = new PLAIN(Top(), Template(ENTRY_TEMPLATE), row.map, row.withData ? &data : nullptr);
         HWND window = (*dialog)();
-        FIELD* byHand = row.nameByHand ? new FIELD(*dialog, vCTRLID(NAME_ITEM), FIELD::NAME) : nullptr;
+        FIELD* byHand = row.nameByHand ? new FIELD(*dialog, vCTRLID(NAME_ITEM)) : nullptr;
+        FIELD* unnamed = new FIELD(*dialog, vCTRLID(0), vRECT(1, 1, 40, 12));
         Log().clear();
-        EXPECT_EQ(dialog->Init(), row.initResult) << row.what;
-        Lines made;
-        for (const std::string& line : Log())
-            if (line.find("New") != std::string::npos || line.find("SetupView") != std::string::npos)
-                made.push_back(line);
-        EXPECT_EQ(made, row.calls) << row.what;
-        EXPECT_TRUE(IsWindowVisible(window)) << row.what;
-        if (row.focused) {
-            EXPECT_EQ(GetFocus(), GetDlgItem(window, row.focused)) << row.what;
-        }
-        FIELD* name = dynamic_cast<FIELD*>(dialog->Child(vCTRLID(NAME_ITEM)));
+        EXPECT_EQ(dialog->Init(), row.answer);
+        EXPECT_EQ(Only({"New", "SetupView"}), row.calls);
+        EXPECT_TRUE(IsWindowVisible(window));
+        EXPECT_EQ(GetFocus(), row.focused ? GetDlgItem(window, row.focused) : (*unnamed)()) << "identifier 0 is a name too";
         if (row.nameByHand) {
-            EXPECT_EQ(name, byHand) << row.what;
+            EXPECT_EQ(dialog->Child(vCTRLID(NAME_ITEM)), byHand);
         }
-        if (row.map == terminatorOnly) {
-            EXPECT_EQ(name, nullptr) << row.what;
-        } else if (row.withData) {
-            ASSERT_NE(name, nullptr) << row.what;
-            EXPECT_EQ(name->value, data.name) << row.what;
-            char shown[16] = "";
-            GetWindowTextA(GetDlgItem(window, NUMBER_ITEM), shown, sizeof shown);
-            EXPECT_STREQ(shown, "7") << row.what;
-        }
+        char shown[16] = "";
+        GetDlgItemTextA(window, NUMBER_ITEM, shown, sizeof shown);
+        EXPECT_STREQ(shown, row.withData && row.map != terminatorOnly ? "7" : "");
         DestroyWindow(window);
     }
 }
 
-// A map that names no control to focus still names identifier 0, and a
-// control of that identifier takes the focus.
-TEST_F(DialogTest, AMapWithoutFocusFocusesAControlOfIdentifierZero)
-{
-    PLAIN* dialog = new PLAIN(Top(), Template(ENTRY_TEMPLATE), terminatorOnly, &data);
-    HWND window = (*dialog)();
-    FIELD* unnamed = new FIELD(*dialog, vCTRLID(0), FIELD::NAME, vRECT(1, 1, 40, 12));
-    SetFocus(GetDlgItem(window, NAME_ITEM));
-    EXPECT_EQ(dialog->Init(), 1);
-    EXPECT_EQ(GetFocus(), (*unnamed)());
-    DestroyWindow(window);
-}
-
-TEST_F(DialogTest, UpdateDataAsksEveryControlForItsValue)
-{
-    PLAIN* dialog = new PLAIN(Top(), Template(ENTRY_TEMPLATE), noFocus, &data);
-    dialog->Init();
-    SetDlgItemTextA((*dialog)(), NAME_ITEM, "Bo");
-    SetDlgItemTextA((*dialog)(), NUMBER_ITEM, "12");
-    ENTRY other = Entry("", 0);
-    Log().clear();
-    dialog->UpdateData(&other);
-    EXPECT_EQ(Log(), (Lines{"101.UpdateData", "102.UpdateData"}));
-    EXPECT_STREQ(other.name, "Bo");
-    EXPECT_EQ(other.number, 12);
-    EXPECT_STREQ(data.name, "Ann");
-    EXPECT_EQ(dialog->dataUpdated, 1);
-    DestroyWindow((*dialog)());
-}
-
-// A message straight to the dialog procedure: what the object answers, if
-// it does, and what the procedure then returns.
-struct ANSWER {
-    const char* what;
-    UINT message;
-    bool answered;
-    INT_PTR returned;
-};
-
+// A message straight to the dialog procedure: whether the object answers 7,
+// and what the procedure then returns; the platform reads it as data only
+// for some messages.
 TEST_F(DialogTest, TheDialogProcedureReturnsDataOnlyWhereThePlatformReadsIt)
 {
-    const ANSWER rows[] = {
-        {"colour", 25, true, 7},
-        {"compare", WM_COMPAREITEM, true, 7},
-        {"virtual key", WM_VKEYTOITEM, true, 7},
-        {"character", WM_CHARTOITEM, true, 7},
-        {"drag icon", WM_QUERYDRAGICON, true, 7},
-        {"dialog code", WM_GETDLGCODE, true, 7},
-        {"any other, answered", WM_USER + 1, true, 1},
-        {"any other, not answered", WM_USER + 1, false, 0},
-    };
+    const struct {
+        UINT message;
+        bool answered;
+        INT_PTR returned;
+    } rows[] = {{25, true, 7},           {WM_COMPAREITEM, true, 7},   {WM_VKEYTOITEM, true, 7},
+                {WM_CHARTOITEM, true, 7}, {WM_QUERYDRAGICON, true, 7}, {WM_GETDLGCODE, true, 7},
+                {WM_USER + 1, true, 1},   {WM_USER + 1, false, 0}};
     PLAIN* dialog = new PLAIN(Top(), Template(ENTRY_TEMPLATE));
-    for (const ANSWER& row : rows) {
+    for (const auto& row : rows) {
         dialog->answers.clear();
         if (row.answered)
             dialog->answers[row.message] = 7;
-        EXPECT_EQ(DlgProc((*dialog)(), row.message, 0, 0), row.returned) << row.what;
+        EXPECT_EQ(DlgProc((*dialog)(), row.message, 0, 0), row.returned) << row.message;
     }
-    HWND stranger = CreateWindowExA(0, "STATIC", nullptr, WS_POPUP, 0, 0, 5, 5, nullptr, nullptr, nullptr, nullptr);
-    EXPECT_EQ(DlgProc(stranger, WM_USER + 1, 0, 0), 0);
-    DestroyWindow(stranger);
+    EXPECT_EQ(DlgProc(Top()(), WM_USER + 1, 0, 0), 0) << "a window without a dialog";
     DestroyWindow((*dialog)());
 }
 
-// A command from a control: what the control, vClick and vCommand hear.
-struct COMMAND {
-    const char* what;
-    unsigned short id;
-    unsigned short notification;
-    Lines calls;
-};
-
+// A command from a control: what the control, vClick and vCommand hear. OK
+// and Cancel hand the activation to the top window, and a click on an
+// existing one posts a close.
 TEST_F(DialogTest, CommandsReachTheControlThenVClickThenVCommand)
 {
-    const COMMAND rows[] = {
-        {"a change in a field", NAME_ITEM, EN_CHANGE, {"101.Notification(768)", "vCommand(101)"}},
-        {"a click on a field", NAME_ITEM, 0, {"101.Notification(0)", "vClick(101)", "vCommand(101)"}},
-        {"help, whatever the notification", 9, 5, {"vClick(9)", "vCommand(9)"}},
-        {"no such control", 77, 0, {"vClick(77)", "vCommand(77)"}},
-        {"OK without a button", 1, 0, {"vClick(1)", "vCommand(1)"}},
-        {"any other notification", 77, 3, {"vCommand(77)"}},
+    const struct {
+        const char* what;
+        unsigned short id, notification;
+        Lines calls;
+        bool closes;
+    } rows[] = {
+        {"a change in a field", NAME_ITEM, EN_CHANGE, {"101.Notification(768)", "vCommand(101)"}, false},
+        {"a click on a field", NAME_ITEM, 0, {"101.Notification(0)", "vClick(101)", "vCommand(101)"}, false},
+        {"help, whatever the notification", 9, 5, {"vClick(9)", "vCommand(9)"}, false},
+        {"no such control", 77, 0, {"vClick(77)", "vCommand(77)"}, false},
+        {"any other notification", 77, 3, {"vCommand(77)"}, false},
+        {"OK", 1, 0, {"1.Notification(0)", "vClick(1)", "vCommand(1)"}, true},
+        {"Cancel", 2, 0, {"2.Notification(0)", "vClick(2)", "vCommand(2)"}, true},
     };
-    PLAIN* dialog = new PLAIN(Top(), Template(ENTRY_TEMPLATE), noFocus, &data);
+    PLAIN* dialog = new PLAIN(Top(), Template(ENTRY_TEMPLATE), EntryMap<0>(), &data);
     dialog->Init();
-    for (const COMMAND& row : rows) {
+    new FIELD(*dialog, vCTRLID(1), vRECT(0, 0, 10, 10));
+    new FIELD(*dialog, vCTRLID(2), vRECT(0, 20, 10, 30));
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
         Log().clear();
         SendMessageA((*dialog)(), WM_COMMAND, MAKEWPARAM(row.id, row.notification), 0);
-        // OK and Cancel hand the activation to the top window, whose
-        // reports are not the command's.
-        EXPECT_EQ(About(row.id), row.calls) << row.what;
+        Lines heard;
+        for (const std::string& line : Log())
+            if (line.rfind(Number(row.id) + ".", 0) == 0 || line.find("(" + Number(row.id) + ")") != std::string::npos)
+                heard.push_back(line);
+        EXPECT_EQ(heard, row.calls);
+        MSG msg;
+        EXPECT_EQ(PeekMessageA(&msg, (*dialog)(), WM_CLOSE, WM_CLOSE, PM_REMOVE) != 0, row.closes);
+        if (row.closes) {
+            EXPECT_EQ(GetActiveWindow(), Top()());
+        }
     }
-    EXPECT_EQ(GetActiveWindow(), Top()());
-    MSG msg;
-    EXPECT_FALSE(PeekMessageA(&msg, (*dialog)(), WM_CLOSE, WM_CLOSE, PM_NOREMOVE));
     DestroyWindow((*dialog)());
 }
 
-TEST_F(DialogTest, AClickOnAnExistingOKOrCancelPostsAClose)
-{
-    const unsigned short ids[] = {1, 2, 3};
-    for (unsigned short id : ids) {
-        PLAIN* dialog = new PLAIN(Top(), Template(ENTRY_TEMPLATE));
-        new FIELD(*dialog, vCTRLID(id), FIELD::NAME, vRECT(0, 0, 10, 10));
-        MSG msg;
-        EXPECT_EQ(dialog->vDIALOG::vClick(vCTRLID(id)), id != 3) << id;
-        EXPECT_EQ(PeekMessageA(&msg, (*dialog)(), WM_CLOSE, WM_CLOSE, PM_REMOVE) != 0, id != 3) << id;
-        EXPECT_TRUE(IsWindow((*dialog)())) << id;
-        DestroyWindow((*dialog)());
-    }
-}
-
+// F1 is the Help button, unless the caption's help button asked for help on
+// a control first; a context menu asks for help on its control.
 TEST_F(DialogTest, F1IsTheHelpButtonUnlessTheCaptionAskedForHelpOnAControl)
 {
-    PLAIN* dialog = new PLAIN(Top(), Template(ENTRY_TEMPLATE), noFocus, &data);
+    PLAIN* dialog = new PLAIN(Top(), Template(ENTRY_TEMPLATE), EntryMap<0>(), &data);
     dialog->Init();
     HWND window = (*dialog)();
     HWND name = GetDlgItem(window, NAME_ITEM);
-    HELPINFO info = {};
-    info.cbSize = sizeof info;
-    info.iCtrlId = NAME_ITEM;
-    info.hItemHandle = name;
+    HELPINFO info = {sizeof info, HELPINFO_WINDOW, NAME_ITEM, name, 0, {0, 0}};
     const LPARAM help = reinterpret_cast<LPARAM>(&info);
     const struct {
         UINT message;
@@ -330,117 +185,84 @@ TEST_F(DialogTest, F1IsTheHelpButtonUnlessTheCaptionAskedForHelpOnAControl)
     DestroyWindow(window);
 }
 
-TEST_F(DialogTest, ActivationNamesTheDialogThatTheLoopsServe)
+// Activation names the dialog that the loops serve; the application's loop
+// offers each message to the active dialog, and only what the dialog leaves
+// reaches its window.
+TEST_F(DialogTest, TheApplicationLoopOffersEachMessageToTheActiveDialogFirst)
 {
     PLAIN* dialog = new PLAIN(*app, Template(ENTRY_TEMPLATE));
     HWND window = (*dialog)();
     dialog->Init();
-    EXPECT_EQ(GetActiveWindow(), window);
     EXPECT_EQ(vAPPACCESS::ActiveDialog(), window);
     Log().clear();
     SendMessageA(window, WM_ACTIVATE, WA_INACTIVE, 0);
     EXPECT_EQ(vAPPACCESS::ActiveDialog(), nullptr);
     SendMessageA(window, WM_ACTIVATE, WA_CLICKACTIVE, 0);
     EXPECT_EQ(vAPPACCESS::ActiveDialog(), window);
-    EXPECT_EQ(Only("ctivate"), (Lines{"vDeactivate", "vActivate"}));
-    DestroyWindow(window);
-    EXPECT_EQ(vAPPACCESS::ActiveDialog(), nullptr);
-}
-
-// The application's loop: the message, offered to the active dialog if
-// there is one, reaches its window only if the dialog leaves it.
-TEST_F(DialogTest, TheApplicationLoopOffersEachMessageToTheActiveDialogFirst)
-{
+    EXPECT_EQ(Only({"ctivate"}), (Lines{"vDeactivate", "vActivate"}));
     const struct {
-        const char* what;
-        bool active;
-        bool takes;
+        bool active, takes;
         Lines calls;
-    } rows[] = {
-        {"no dialog", false, false, {"w default 1025"}},
-        {"the dialog leaves it", true, false, {"HandleMessage(1025)", "w default 1025"}},
-        {"the dialog takes it", true, true, {"HandleMessage(1025)"}},
-    };
-    PLAIN* dialog = new PLAIN(*app, Template(ENTRY_TEMPLATE));
+    } rows[] = {{false, false, {"w default 1025"}},
+                {true, false, {"HandleMessage(1025)", "w default 1025"}},
+                {true, true, {"HandleMessage(1025)"}}};
     RECORDER* target = new RECORDER(Top(), vRECT(0, 0, 10, 10), "w");
     wintest::Watched() = {WM_USER + 1};
+    dialog->recordOffers = true;
     for (const auto& row : rows) {
-        dialog->recordOffers = true;
         dialog->takeOffers = row.takes;
-        vAPPACCESS::ActiveDialog(row.active ? (*dialog)() : nullptr);
+        vAPPACCESS::ActiveDialog(row.active ? window : nullptr);
         Log().clear();
         PostMessageA((*target)(), WM_USER + 1, 0, 0);
         PostThreadMessageA(GetCurrentThreadId(), WM_QUIT, 0, 0);
         vAPPACCESS::Run(*app, (*app)(), nullptr);
-        EXPECT_EQ(Log(), row.calls) << row.what;
+        EXPECT_EQ(Log(), row.calls) << row.active << row.takes;
     }
-    dialog->recordOffers = false;
     DestroyWindow((*target)());
-    DestroyWindow((*dialog)());
+    DestroyWindow(window);
+    EXPECT_EQ(vAPPACCESS::ActiveDialog(), nullptr);
 }
 
-// What the modal loop is given, and what it offers the dialog before it
-// ends; it ends at the first close or destroy through the queue.
+// What the modal loop offers the dialog before it ends: it ends at the first
+// close or destroy through the queue, to any window, and not at a quit. A
+// dialog without parents disables nothing and still loops.
 TEST_F(DialogTest, AnyCloseThroughTheQueueEndsTheModalLoop)
 {
     HWND other = CreateWindowExA(0, "STATIC", nullptr, WS_POPUP, 0, 0, 5, 5, nullptr, nullptr, nullptr, nullptr);
     const struct {
         const char* what;
         std::vector<UINT> posted;
-        Lines offers;
-    } rows[] = {
-        {"close to another window", {WM_USER + 3, WM_CLOSE}, {"HandleMessage(1027)", "HandleMessage(16)"}},
-        {"destroy to another window", {WM_DESTROY}, {"HandleMessage(2)"}},
-        {"quit does not end it", {WM_QUIT, WM_CLOSE}, {"HandleMessage(18)", "HandleMessage(16)"}},
-    };
-    PLAIN* dialog = new PLAIN(*app, Template(ENTRY_TEMPLATE));
+    } rows[] = {{"close to another window", {WM_USER + 3, WM_CLOSE}},
+                {"destroy to another window", {WM_DESTROY}},
+                {"quit does not end it", {WM_QUIT, WM_CLOSE}}};
+    vWIN nowhere(nullptr, vRESID());
+    PLAIN* dialog = new PLAIN(nowhere, Template(ENTRY_TEMPLATE), nullptr, nullptr, 1);
+    EXPECT_EQ(GetParent((*dialog)()), nullptr);
+    EXPECT_TRUE(IsWindowEnabled(frame) && IsWindowEnabled(Top()()));
     dialog->Init();
     dialog->recordOffers = true;
-    dialog->takeOffers = true;
     for (const auto& row : rows) {
-        for (UINT message : row.posted)
-            if (message == WM_QUIT)
-                PostThreadMessageA(GetCurrentThreadId(), WM_QUIT, 0, 0);
-            else
-                PostMessageA(other, message, 0, 0);
-        Log().clear();
-        {
-            WATCHDOG watchdog(5000);
-            dialog->Modal();
+        SCOPED_TRACE(row.what);
+        Lines offers;
+        for (UINT message : row.posted) {
+            PostMessageA(message == WM_QUIT ? nullptr : other, message, 0, 0);
+            offers.push_back("HandleMessage(" + Number(message) + ")");
         }
-        EXPECT_EQ(Offers(row.posted), row.offers) << row.what;
-        EXPECT_EQ(Only("watchdog"), Lines{}) << row.what;
-        EXPECT_TRUE(IsWindow((*dialog)())) << row.what;
-        EXPECT_EQ(dialog->IsModal(), 1) << row.what;
+        Log().clear();
+        dialog->takeOffers = true;
+        RunModal(*dialog);
+        EXPECT_EQ(Only(offers), offers);
+        EXPECT_EQ(dialog->IsModal(), 1);
     }
-    dialog->recordOffers = false;
-    DestroyWindow((*dialog)());
+    dialog->takeOffers = false;
+    PostMessageA((*dialog)(), WM_CLOSE, 0, 0);
+    Log().clear();
+    RunModal(*dialog);
+    EXPECT_EQ(Only({"HandleMessage(16)", "~PLAIN"}), (Lines{"HandleMessage(16)", "~PLAIN"}));
     DestroyWindow(other);
 }
 
-TEST_F(DialogTest, ADialogWithoutParentsDisablesNothingAndStillLoops)
-{
-    vWIN nowhere(nullptr, vRESID());
-    PLAIN* dialog = new PLAIN(nowhere, Template(ENTRY_TEMPLATE), nullptr, nullptr, 1);
-    HWND window = (*dialog)();
-    EXPECT_EQ(GetParent(window), nullptr);
-    EXPECT_EQ(dialog->IsModal(), 1);
-    EXPECT_TRUE(IsWindowEnabled(frame));
-    EXPECT_TRUE(IsWindowEnabled(Top()()));
-    dialog->Init();
-    dialog->recordOffers = true;
-    PostMessageA(window, WM_USER + 3, 0, 0);
-    PostMessageA(window, WM_CLOSE, 0, 0);
-    Log().clear();
-    {
-        WATCHDOG watchdog(5000);
-        dialog->Modal();
-    }
-    EXPECT_EQ(Offers({WM_USER + 3, WM_CLOSE}), (Lines{"HandleMessage(1027)", "HandleMessage(16)"}));
-    EXPECT_EQ(Only("~PLAIN"), Lines{"~PLAIN"});
-    EXPECT_FALSE(IsWindow(window));
-}
-
+// The whole top-level window is disabled, not only the direct parent.
 TEST_F(DialogTest, MakeModalDisablesTheTopOfTheParentChainAndMakeModelessEnablesIt)
 {
     RECORDER* holder = new RECORDER(Top(), vRECT(0, 0, 200, 100), "holder");
@@ -456,33 +278,31 @@ TEST_F(DialogTest, MakeModalDisablesTheTopOfTheParentChainAndMakeModelessEnables
     EXPECT_EQ(dialog->IsModal(), 0);
     EXPECT_TRUE(IsWindowEnabled(Top()()));
     dialog->MakeModal();
-    Log().clear();
     DestroyWindow(window);
-    EXPECT_EQ(Only("~PLAIN"), Lines{"~PLAIN"});
-    EXPECT_TRUE(IsWindowEnabled(Top()()));
+    EXPECT_TRUE(IsWindowEnabled(Top()())) << "the dialog's end makes it modeless";
     DestroyWindow((*holder)());
 }
 
+// Centred on the top window's client area, but never off the left or top of
+// the screen: those edges win for a dialog larger than the screen.
 TEST_F(DialogTest, CentreStaysOnTheScreenAndLetsTheTopLeftWin)
 {
     ShowWindow(frame, SW_SHOWNORMAL);
     PLAIN* normal = new PLAIN(*app, Template(ENTRY_TEMPLATE));
     normal->Centre();
-    RECT box;
-    GetWindowRect((*normal)(), &box);
+    vRECT box = PlaceIn((*normal)(), nullptr);
     RECT area;
     GetClientRect(frame, &area);
     MapWindowPoints(frame, nullptr, reinterpret_cast<POINT*>(&area), 2);
-    EXPECT_NEAR((box.left + box.right) / 2, (area.left + area.right) / 2, 1);
-    EXPECT_NEAR((box.top + box.bottom) / 2, (area.top + area.bottom) / 2, 1);
+    EXPECT_NEAR(box.Left()() + box.Right()(), area.left + area.right, 2);
+    EXPECT_NEAR(box.Top()() + box.Bottom()(), area.top + area.bottom, 2);
     DestroyWindow((*normal)());
-
     PLAIN* huge = new PLAIN(*app, Template(HUGE_TEMPLATE));
     huge->Centre();
-    GetWindowRect((*huge)(), &box);
-    EXPECT_GT(box.right - box.left, GetSystemMetrics(SM_CXSCREEN));
-    EXPECT_EQ(box.left, 0);
-    EXPECT_EQ(box.top, 0);
+    box = PlaceIn((*huge)(), nullptr);
+    EXPECT_GT(box.Width()(), GetSystemMetrics(SM_CXSCREEN));
+    EXPECT_EQ(box.Left()(), 0);
+    EXPECT_EQ(box.Top()(), 0);
     DestroyWindow((*huge)());
 }
 
@@ -490,46 +310,25 @@ TEST_F(DialogTest, CentreStaysOnTheScreenAndLetsTheTopLeftWin)
 // dialog first, it is clear once the object is gone.
 TEST_F(DialogTest, ADialogOnTheStackOutlivesItsWindowAndLeavesNoActiveDialog)
 {
-    const struct {
-        const char* what;
-        bool staleOwn;
-    } rows[] = {{"its own stale handle", true}, {"another window's handle", false}};
-    for (const auto& row : rows) {
+    for (bool staleOwn : {true, false}) {
         {
             PLAIN dialog(*app, Template(ENTRY_TEMPLATE));
             HWND window = dialog();
             dialog.Init();
-            EXPECT_EQ(vAPPACCESS::ActiveDialog(), window) << row.what;
+            EXPECT_EQ(vAPPACCESS::ActiveDialog(), window);
             Log().clear();
             DestroyWindow(window);
-            EXPECT_EQ(Only("PLAIN"), Lines{}) << row.what;
-            EXPECT_EQ(dialog.Child(vCTRLID(NAME_ITEM)), nullptr) << row.what;
-            vAPPACCESS::ActiveDialog(row.staleOwn ? window : frame);
+            EXPECT_EQ(Only({"PLAIN"}), Lines{});
+            vAPPACCESS::ActiveDialog(staleOwn ? window : frame);
         }
-        EXPECT_EQ(Log().back(), "~PLAIN") << row.what;
-        EXPECT_EQ(vAPPACCESS::ActiveDialog(), row.staleOwn ? nullptr : frame) << row.what;
+        EXPECT_EQ(Log().back(), "~PLAIN");
+        EXPECT_EQ(vAPPACCESS::ActiveDialog(), staleOwn ? nullptr : frame);
     }
 }
 
-TEST_F(DialogTest, TheBuiltInTemplateMakesAnEmptyCaptionedChild)
-{
-    PLAIN* dialog = new PLAIN(Top(), vRESID(0, vSYSTEM::Pointer()), nullptr, nullptr, 0, vSTRING("Inside"));
-    HWND window = (*dialog)();
-    ASSERT_TRUE(IsWindow(window));
-    char name[16] = "";
-    GetClassNameA(window, name, sizeof name);
-    EXPECT_STREQ(name, "#32770");
-    DWORD style = GetWindowLongA(window, GWL_STYLE);
-    EXPECT_EQ(style & (WS_CHILD | WS_CAPTION | WS_POPUP), static_cast<DWORD>(WS_CHILD | WS_CAPTION));
-    EXPECT_TRUE(GetWindowLongA(window, GWL_EXSTYLE) & WS_EX_NOPARENTNOTIFY);
-    EXPECT_EQ(GetParent(window), Top()());
-    EXPECT_EQ(GetWindow(window, GW_CHILD), nullptr);
-    EXPECT_EQ(dialog->ResTemplate()(), 0);
-    EXPECT_STREQ(dialog->Title()(), "Inside");
-    DestroyWindow(window);
-}
-
-TEST_F(DialogTest, OneLogicalUnitIsOneDialogUnit)
+// One logical unit is one dialog unit; the built-in template makes an empty
+// captioned child.
+TEST_F(DialogTest, LogicalUnitsAreDialogUnitsAndTheBuiltInTemplateIsAnEmptyChild)
 {
     PLAIN* dialog = new PLAIN(*app, Template(ENTRY_TEMPLATE), nullptr, nullptr, 0, vSTRING("Entered"));
     RECT units = {0, 0, 100, 100};
@@ -538,26 +337,20 @@ TEST_F(DialogTest, OneLogicalUnitIsOneDialogUnit)
     EXPECT_EQ(dialog->LogUnitsPerHorzInch()(), GetDeviceCaps(screen, LOGPIXELSX) * 100 / units.right);
     EXPECT_EQ(dialog->LogUnitsPerVertInch()(), GetDeviceCaps(screen, LOGPIXELSY) * 100 / units.bottom);
     ReleaseDC(nullptr, screen);
-    EXPECT_EQ(dialog->BorderHeight(), dialog->DVtoLV(GetSystemMetrics(SM_CYDLGFRAME)));
     EXPECT_EQ(dialog->BorderWidth(), dialog->DVtoLV(GetSystemMetrics(SM_CXDLGFRAME)));
     EXPECT_STREQ(dialog->Title()(), "Entered");
-    EXPECT_EQ(dialog->ResTemplate()(), ENTRY_TEMPLATE);
-    EXPECT_EQ(&dialog->GetWindow(), dialog);
-    EXPECT_EQ(dialog->GetKeyboardInterface(), nullptr);
     DestroyWindow((*dialog)());
-}
-
-TEST_F(DialogTest, AThumbMoveSetsTheBarsPosition)
-{
-    PLAIN* dialog = new PLAIN(Top(), Template(ENTRY_TEMPLATE));
-    HWND platformBar = CreateWindowExA(0, "SCROLLBAR", nullptr, WS_CHILD | SBS_HORZ, 0, 0, 80, 12, (*dialog)(),
-                                       reinterpret_cast<HMENU>(60), nullptr, nullptr);
-    SetScrollRange(platformBar, SB_CTL, 0, 100, FALSE);
-    RECORDER bar(platformBar, "bar");
-    EXPECT_EQ(dialog->vThumbMove(nullptr, 30), 0);
-    EXPECT_EQ(dialog->vThumbMove(&bar, 30), 1);
-    EXPECT_EQ(GetScrollPos(platformBar, SB_CTL), 30);
-    DestroyWindow((*dialog)());
+    PLAIN* inside = new PLAIN(Top(), vRESID(0, vSYSTEM::Pointer()), nullptr, nullptr, 0, vSTRING("Inside"));
+    HWND window = (*inside)();
+    char name[16] = "";
+    GetClassNameA(window, name, sizeof name);
+    EXPECT_STREQ(name, "#32770");
+    EXPECT_EQ(GetWindowLongA(window, GWL_STYLE) & (WS_CHILD | WS_CAPTION | WS_POPUP), DWORD(WS_CHILD | WS_CAPTION));
+    EXPECT_TRUE(GetWindowLongA(window, GWL_EXSTYLE) & WS_EX_NOPARENTNOTIFY);
+    EXPECT_EQ(GetParent(window), Top()());
+    EXPECT_EQ(GetWindow(window, GW_CHILD), nullptr);
+    EXPECT_STREQ(inside->Title()(), "Inside");
+    DestroyWindow(window);
 }
 
 }  // namespace

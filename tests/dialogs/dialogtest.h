@@ -16,16 +16,8 @@ using Lines = std::vector<std::string>;
 using wintest::Log;
 using wintest::Note;
 
-// The templates of dialogs_tests.rc.
-enum : unsigned short {
-    ENTRY_TEMPLATE = 100,
-    NAME_ITEM = 101,
-    NUMBER_ITEM = 102,
-    NOTE_ITEM = 103,
-    HUGE_TEMPLATE = 200,
-    PAGE_TEMPLATE = 300,
-    PAGE_ITEM = 301
-};
+// The templates of dialogs_tests.rc and their items.
+enum : unsigned short { ENTRY_TEMPLATE = 100, NAME_ITEM = 101, NUMBER_ITEM = 102, NOTE_ITEM = 103, HUGE_TEMPLATE = 200, PAGE_TEMPLATE = 300 };
 
 // The application's data block.
 struct ENTRY {
@@ -33,23 +25,12 @@ struct ENTRY {
     long number;
 };
 
-inline ENTRY Entry(const char* name, long number)
-{
-    ENTRY entry = {};
-    lstrcpynA(entry.name, name, sizeof entry.name);
-    entry.number = number;
-    return entry;
-}
-
 // The test program as the module that holds the templates.
-class PROGRAM : public vMODULE {
-public:
-    PROGRAM() : vMODULE(GetModuleHandleA(nullptr)) {}
-};
-
 inline vRESID Template(unsigned short id)
 {
-    static PROGRAM program;
+    static struct PROGRAM : vMODULE {
+        PROGRAM() : vMODULE(GetModuleHandleA(nullptr)) {}
+    } program;
     return vRESID(id, &program);
 }
 
@@ -62,10 +43,8 @@ inline std::string Number(long value)
 // lies, shows it, and writes the edit's contents back into the record.
 class FIELD : public vCONTROL {
 public:
-    enum KIND { NAME, NUMBER };
-
-    FIELD(vWIN& parent, const vCTRLID& id, KIND kind, const vRECT& rect = vRECT(-1, -1, -1, -1))
-        : vCONTROL(parent, id, rect, vSTRING(), static_cast<vCLASSID>(3)), kind(kind)
+    FIELD(vWIN& parent, const vCTRLID& id, const vRECT& rect = vRECT(-1, -1, -1, -1))
+        : vCONTROL(parent, id, rect, vSTRING(), static_cast<vCLASSID>(3))
     {
         if (hWnd) {
             BindInstance(hWnd);
@@ -75,170 +54,131 @@ public:
             CreateWin();
         }
     }
-    ~FIELD() override { Note(Name() + ".~FIELD"); }
-
-    static vCONTROL* NewName(vWIN& parent, vCTRLID& id, vRESID&)
+    static vCONTROL* New(vWIN& parent, vCTRLID& id, vRESID&)
     {
         Note("New(" + Number(id) + ")");
-        return new FIELD(parent, id, NAME);
+        return new FIELD(parent, id);
     }
-
-    static vCONTROL* NewNumber(vWIN& parent, vCTRLID& id, vRESID&)
-    {
-        Note("New(" + Number(id) + ")");
-        return new FIELD(parent, id, NUMBER);
-    }
-
     void Notification(long code) override { Note(Name() + ".Notification(" + Number(code) + ")"); }
-
     void SetupView(char* at, unsigned short size) override
     {
         value = at;
-        length = size;
         Note(Name() + ".SetupView(" + (at ? "value" : "null") + "," + Number(size) + ")");
     }
-
     void UpdateView(const vCTRLID&) override
     {
-        if (!value)
-            return;
-        if (kind == NAME)
-            SetWindowTextA(hWnd, value);
-        else
-            SetWindowTextA(hWnd, Number(*reinterpret_cast<long*>(value)).c_str());
+        if (value)
+            SetWindowTextA(hWnd, GetID() == vCTRLID(NAME_ITEM) ? value : Number(*reinterpret_cast<long*>(value)).c_str());
     }
-
     void UpdateData(void* data) override
     {
         Note(Name() + ".UpdateData");
         ENTRY* entry = static_cast<ENTRY*>(data);
         char typed[16] = "";
         GetWindowTextA(hWnd, typed, sizeof typed);
-        if (kind == NAME)
+        if (GetID() == vCTRLID(NAME_ITEM))
             lstrcpynA(entry->name, typed, sizeof entry->name);
         else
             entry->number = std::atol(typed);
     }
-
     std::string Name() const { return Number(GetID()); }
 
-    KIND kind;
     char* value = nullptr;
-    unsigned short length = 0;
 };
 
-// The entry dialog's rows: the name gets the focus.
-inline const vCONTROLMAP* EntryMap()
+// The entry dialog's rows; the end row names the control to focus.
+template <unsigned short focus>
+const vCONTROLMAP* EntryMap()
 {
-    static const vCONTROLMAP map[] = {
-        {FIELD::NewName, NAME_ITEM, 0, offsetof(ENTRY, name), sizeof(ENTRY::name)},
-        {FIELD::NewNumber, NUMBER_ITEM, 0, offsetof(ENTRY, number), sizeof(long)},
-        {nullptr, NAME_ITEM, 0, 0, 0},
-    };
+    static const vCONTROLMAP map[] = {{FIELD::New, NAME_ITEM, 0, offsetof(ENTRY, name), sizeof(ENTRY::name)},
+                                      {FIELD::New, NUMBER_ITEM, 0, offsetof(ENTRY, number), sizeof(long)},
+                                      {nullptr, focus, 0, 0, 0}};
     return map;
 }
 
-// A push button of the application's that reports its notifications.
-class NOTIFYBUTTON : public vBUTTON {
-public:
-    NOTIFYBUTTON(vWIN& parent, const vCTRLID& id, const vSTRING& text)
-        : vBUTTON(parent, id, text, vRECT(0, 0, 0, 0), 0, CLASSID_BUTTON)
-    {
-    }
-    void Notification(long code) override { Note("button " + Number(GetID()) + ".Notification(" + Number(code) + ")"); }
-};
-
 // A window's rectangle in the client units of another.
-inline RECT PlaceIn(HWND window, HWND other)
+inline vRECT PlaceIn(HWND window, HWND other)
 {
     RECT box;
     GetWindowRect(window, &box);
     MapWindowPoints(nullptr, other, reinterpret_cast<POINT*>(&box), 2);
-    return box;
-}
-
-inline vRECT RectOf(const RECT& box)
-{
     return vRECT(box.left, box.top, box.right, box.bottom);
 }
 
-// Every dialog test has an application of its own.
-class AppTest : public apptest::FrameTest {
+// Every dialog test has an application of its own and a record the dialog
+// shows. A test that fails half-way may leave a dialog active or a window
+// disabled; neither may reach the next test.
+class DialogTest : public apptest::FrameTest {
 protected:
-    // A test that fails half-way may leave a dialog active or the frame
-    // disabled; neither may reach the next test.
     void TearDown() override
     {
         vAPPACCESS::ActiveDialog(nullptr);
         EnableWindow(frame, TRUE);
+        EnableWindow(Top()(), TRUE);
         FrameTest::TearDown();
     }
+
+    ENTRY data = {"Ann", 7};
 };
 
-// Ends a loop that waits too long: a close posted to the thread ends any
-// modal loop, so a test whose input went astray fails instead of hanging.
-class WATCHDOG {
-public:
-    explicit WATCHDOG(UINT ms) : timer(SetTimer(nullptr, 0, ms, Bark)) {}
-    ~WATCHDOG() { KillTimer(nullptr, timer); }
-    WATCHDOG(const WATCHDOG&) = delete;
-    WATCHDOG& operator=(const WATCHDOG&) = delete;
-
-private:
-    static void CALLBACK Bark(HWND, UINT, UINT_PTR, DWORD)
-    {
-        Note("watchdog");
-        PostThreadMessageA(GetCurrentThreadId(), WM_CLOSE, 0, 0);
-    }
-
-    UINT_PTR timer;
-};
-
-inline void Key(WORD key, DWORD flags)
+inline void CALLBACK Bark(HWND, UINT, UINT_PTR, DWORD)
 {
+    Note("watchdog");
+    PostThreadMessageA(GetCurrentThreadId(), WM_CLOSE, 0, 0);
+}
+
+// Runs a modal loop; a close posted to the thread after a while ends it, so
+// that a test whose input went astray fails instead of hanging.
+inline void RunModal(vDIALOG& dialog)
+{
+    UINT_PTR timer = SetTimer(nullptr, 0, 5000, Bark);
+    dialog.Modal();
+    KillTimer(nullptr, timer);
+}
+
+// Queues a press and release of each key, then a click in the middle of
+// the window, if one is given.
+inline void Input(const std::vector<WORD>& keys, HWND window = nullptr)
+{
+    std::vector<INPUT> inputs;
     INPUT input = {};
     input.type = INPUT_KEYBOARD;
-    input.ki.wVk = key;
-    input.ki.dwFlags = flags;
-    SendInput(1, &input, sizeof input);
-}
-
-// Queues a press and release of each key.
-inline void Type(std::initializer_list<WORD> keys)
-{
-    for (WORD key : keys) {
-        Key(key, 0);
-        Key(key, KEYEVENTF_KEYUP);
-    }
-}
-
-inline void Mouse(DWORD flags)
-{
-    INPUT input = {};
-    input.type = INPUT_MOUSE;
-    input.mi.dwFlags = flags;
-    SendInput(1, &input, sizeof input);
-}
-
-// Queues a left click in the middle of the window.
-inline void Click(HWND window)
-{
+    for (WORD key : keys)
+        for (DWORD flags : {0ul, static_cast<unsigned long>(KEYEVENTF_KEYUP)}) {
+            input.ki.wVk = key;
+            input.ki.dwFlags = flags;
+            inputs.push_back(input);
+        }
     RECT box;
-    GetWindowRect(window, &box);
-    SetCursorPos((box.left + box.right) / 2, (box.top + box.bottom) / 2);
-    Mouse(MOUSEEVENTF_MOVE);
-    Mouse(MOUSEEVENTF_LEFTDOWN);
-    Mouse(MOUSEEVENTF_LEFTUP);
+    if (window && GetWindowRect(window, &box)) {
+        SetCursorPos((box.left + box.right) / 2, (box.top + box.bottom) / 2);
+        input = {};
+        input.type = INPUT_MOUSE;
+        for (DWORD flags : {MOUSEEVENTF_MOVE, MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP}) {
+            input.mi.dwFlags = flags;
+            inputs.push_back(input);
+        }
+    }
+    SendInput(inputs.size(), inputs.data(), sizeof(INPUT));
 }
 
-// The log lines that contain the part.
-inline Lines Only(const std::string& part)
+// The log lines that contain any of the parts.
+inline Lines Only(const Lines& parts)
 {
     Lines kept;
     for (const std::string& line : Log())
-        if (line.find(part) != std::string::npos)
-            kept.push_back(line);
+        for (const std::string& part : parts)
+            if (line.find(part) != std::string::npos) {
+                kept.push_back(line);
+                break;
+            }
     return kept;
+}
+
+inline Lines operator+(Lines first, const Lines& second)
+{
+    first.insert(first.end(), second.begin(), second.end());
+    return first;
 }
 
 }  // namespace dlgtest

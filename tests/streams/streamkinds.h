@@ -3,7 +3,8 @@
 #include <windows.h>
 #include <objidl.h>
 
-#include <memory>
+#include <fstream>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -11,107 +12,71 @@
 
 namespace zktest {
 
-// The three concrete streams behind one face, each with a way to see the
-// bytes it holds without going through the stream itself.
-class StreamKind {
-public:
-    virtual ~StreamKind() = default;
-    virtual vSTREAM& Stream() = 0;
-    // What the medium holds now, pending writes included.
-    virtual std::vector<unsigned char> Stored() = 0;
-};
+using Bytes = std::vector<unsigned char>;
 
-class MemoryKind : public StreamKind {
-public:
-    vSTREAM& Stream() override { return stream; }
-    std::vector<unsigned char> Stored() override
+// A file in the temporary directory; whoever asks removes it.
+inline std::string TemporaryPath()
+{
+    char directory[MAX_PATH], path[MAX_PATH];
+    GetTempPathA(MAX_PATH, directory);
+    GetTempFileNameA(directory, "zks", 0, path);
+    return path;
+}
+
+// The whole of a file as another reader sees it.
+inline Bytes FileBytes(const std::string& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    return Bytes(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+}
+
+inline IStream* EmptyPlatformStream()
+{
+    IStream* made = nullptr;
+    CreateStreamOnHGlobal(nullptr, TRUE, &made);
+    return made;
+}
+
+// The three concrete streams, each with the bytes its medium holds, seen
+// without the stream, and the status a primitive read past the end leaves:
+// the memory and file streams end, the platform stream reports nothing.
+struct MemoryKind {
+    static constexpr vSTREAMSTATUS afterShortRead = vSTREAM_END;
+    vMEMSTREAM stream;
+    Bytes Stored()
     {
         unsigned long at = stream.CurrentPos();
-        std::vector<unsigned char> bytes(stream.Size());
+        Bytes bytes(stream.Size());
         stream.MoveFromStart(0);
         stream.ReadByteString(bytes.data(), bytes.size());
         stream.MoveFromStart(at);
         return bytes;
     }
-
-private:
-    vMEMSTREAM stream;
 };
 
-// A file in the temporary directory, removed at the end.
-inline std::string TemporaryPath(const char* prefix)
-{
-    char directory[MAX_PATH];
-    char path[MAX_PATH];
-    GetTempPathA(MAX_PATH, directory);
-    GetTempFileNameA(directory, prefix, 0, path);
-    return path;
-}
-
-// The whole of a file as another reader sees it.
-inline std::vector<unsigned char> FileBytes(const std::string& path)
-{
-    std::vector<unsigned char> bytes;
-    HANDLE file = CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                              OPEN_EXISTING, 0, nullptr);
-    if (file == INVALID_HANDLE_VALUE)
-        return bytes;
-    bytes.resize(GetFileSize(file, nullptr));
-    DWORD got = 0;
-    ReadFile(file, bytes.data(), bytes.size(), &got, nullptr);
-    bytes.resize(got);
-    CloseHandle(file);
-    return bytes;
-}
-
-class FileKind : public StreamKind {
-public:
-    FileKind() : path(TemporaryPath("zks")), stream(new vFILE(vSTRING("%s", path.c_str()), vSTREAM_CREATE)) {}
-    ~FileKind() override
-    {
-        stream.reset();
-        DeleteFileA(path.c_str());
-    }
-    vSTREAM& Stream() override { return *stream; }
-    // Moving to where it is sends the waiting bytes to the file.
-    std::vector<unsigned char> Stored() override
-    {
-        stream->MoveFromCur(0);
-        return FileBytes(path);
-    }
-
-private:
-    std::string path;
-    std::unique_ptr<vFILE> stream;
+struct FileKind {
+    static constexpr vSTREAMSTATUS afterShortRead = vSTREAM_END;
+    std::string path = TemporaryPath();
+    vFILE stream{vSTRING("%s", path.c_str()), vSTREAM_CREATE};
+    ~FileKind() { stream.Close(), DeleteFileA(path.c_str()); }
+    // Moving to where it stands sends the waiting bytes to the file.
+    Bytes Stored() { return stream.MoveFromCur(0), FileBytes(path); }
 };
 
-class OleKind : public StreamKind {
-public:
-    OleKind() : platform(Empty()), stream(&platform, vSTRING("ole"), 0) {}
-    ~OleKind() override { platform->Release(); }
-    vSTREAM& Stream() override { return stream; }
-    std::vector<unsigned char> Stored() override
+struct OleKind {
+    static constexpr vSTREAMSTATUS afterShortRead = vSTREAM_GOOD;
+    IStream* platform = EmptyPlatformStream();
+    vOLESTREAM stream{&platform, vSTRING("ole"), 0};
+    ~OleKind() { platform->Release(); }
+    Bytes Stored()
     {
         HGLOBAL memory = nullptr;
         GetHGlobalFromStream(platform, &memory);
-        STATSTG about;
-        platform->Stat(&about, STATFLAG_NONAME);
         const unsigned char* bytes = static_cast<const unsigned char*>(GlobalLock(memory));
-        std::vector<unsigned char> copy(bytes, bytes + about.cbSize.LowPart);
+        Bytes copy(bytes, bytes + stream.Size());
         GlobalUnlock(memory);
         return copy;
     }
-
-    static IStream* Empty()
-    {
-        IStream* made = nullptr;
-        CreateStreamOnHGlobal(nullptr, TRUE, &made);
-        return made;
-    }
-
-private:
-    IStream* platform;
-    vOLESTREAM stream;
 };
 
 }  // namespace zktest
