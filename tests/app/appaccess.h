@@ -5,6 +5,7 @@
 
 #include "app/application.h"
 #include "app/docwin.h"
+#include "app/pointer.h"
 #include "app/recorder.h"
 
 // The test suite's view of the application's private state and of the
@@ -39,6 +40,14 @@ struct vAPPACCESS {
     static void SetHelp(vHELP& help, HINSTANCE instance, vSTRING& file) { help.SetHelp(instance, file); }
 };
 
+// A pointer's private state and the one operation that only windows call.
+struct vPOINTERACCESS {
+    static const vRESID& Current(const vPOINTER& pointer) { return pointer.current; }
+    static HCURSOR Cursor(const vPOINTER& pointer) { return pointer.hCursor; }
+    static unsigned short Saved(const vPOINTER& pointer) { return pointer.nStack; }
+    static int Activate(vPOINTER& pointer) { return pointer.Activate(); }
+};
+
 // The tiling fields of a document window.
 struct vDOCWINACCESS {
     static vDOCWIN* Next(const vDOCWIN& window) { return window.pNextTile; }
@@ -49,6 +58,8 @@ struct vDOCWINACCESS {
 
 namespace apptest {
 
+using wintest::Pump;
+
 // Destroys the frame, which deletes the application, and takes the quit
 // that the deletion leaves in the queue, so that the next test's loops and
 // boxes run.
@@ -57,16 +68,6 @@ inline void End(HWND frame)
     DestroyWindow(frame);
     MSG msg;
     while (PeekMessageA(&msg, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE)) {
-    }
-}
-
-// Handles what is queued for this thread.
-inline void Pump()
-{
-    MSG msg;
-    while (PeekMessageA(&msg, nullptr, 0, 0, PM_REMOVE) && msg.message != WM_QUIT) {
-        TranslateMessage(&msg);
-        DispatchMessageA(&msg);
     }
 }
 
