@@ -13,31 +13,19 @@
 struct vAPPACCESS {
     static HWND Frame(const vAPP& app) { return app.hFrame; }
     static HWND Client(const vAPP& app) { return app.hClient; }
-    static int Busy(const vAPP& app) { return app.bBusy; }
     static vMDIARRANGE Arrange(const vAPP& app) { return app.arrange; }
-    static vEXCEPTION* Exception(const vAPP& app) { return app.pException; }
     static vMENU& WindowMenu(vAPP& app) { return app.windowMenu; }
     static short Run(vAPP& app, HINSTANCE instance, HINSTANCE previous) { return app.Run(instance, previous); }
-    static int Init(vAPP& app, HINSTANCE module) { return app.Init(module); }
-    static unsigned short KnownLanguage(unsigned short value) { return vAPP::KnownLanguage(value); }
-    static int PaletteChange(vAPP& app, int foreground) { return app.PaletteChange(app.hFrame, foreground); }
     static void PostPaletteChange(int foreground) { vAPP::PostPaletteChange(foreground); }
-    static HWND ActiveDialog() { return vAPP::ActiveDialog(); }
-    static void ActiveDialog(HWND dialog) { vAPP::ActiveDialog(dialog); }
 
     static vDOCWIN* TileHead(const vAPP& app) { return app.pTileHead; }
-    static vDOCWIN* TileTail(const vAPP& app) { return app.pTileTail; }
     static unsigned short TileCount(const vAPP& app) { return app.nTile; }
-    static void FillWindowMenu(vAPP& app) { app.FillWindowMenu(); }
-    static void DistMDIBreadth(vAPP& app, long amount) { app.DistMDIBreadth(vINT(amount)); }
 
     static HMENU Handle(const vMENU& menu) { return menu.hMenu; }
     static HMENU Parent(const vMENU& menu) { return menu.hParentMenu; }
     static short Fixed(const vMENU& menu) { return menu.nFixed; }
     static void Fixed(vMENU& menu, short count) { menu.nFixed = count; }
 
-    static HWND HelpWindow(const vHELP& help) { return help.hHelpWnd; }
-    static void SetHelp(vHELP& help, HINSTANCE instance, vSTRING& file) { help.SetHelp(instance, file); }
 };
 
 // A pointer's private state and the one operation that only windows call.
@@ -51,9 +39,7 @@ struct vPOINTERACCESS {
 // The tiling fields of a document window.
 struct vDOCWINACCESS {
     static vDOCWIN* Next(const vDOCWIN& window) { return window.pNextTile; }
-    static vDOCWIN* Prev(const vDOCWIN& window) { return window.pPrevTile; }
     static long Breadth(const vDOCWIN& window) { return window.breadth(); }
-    static void Breadth(vDOCWIN& window, long value) { window.breadth = vINT(value); }
 };
 
 namespace apptest {

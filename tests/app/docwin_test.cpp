@@ -134,6 +134,7 @@ protected:
             list.push_back(member);
         return list;
     }
+    // The breadths the library keeps, and where the windows stand.
     static Breadths BreadthsOf(const DOCS& windows)
     {
         Breadths breadths;
@@ -155,65 +156,6 @@ protected:
 
 vAPP* MdiTest::app = nullptr;
 DOCS MdiTest::documents;
-
-// What the frame's client is asked to destroy, seen from in front of its
-// own procedure.
-std::vector<HWND> destroyRequests;
-WNDPROC clientProc = nullptr;
-
-LRESULT CALLBACK WatchingClient(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
-{
-    if (message == WM_MDIDESTROY)
-        destroyRequests.push_back(reinterpret_cast<HWND>(wParam));
-    return CallWindowProcA(clientProc, window, message, wParam, lParam);
-}
-
-// The client makes a document hidden until shown, and destroys it when the
-// object is deleted; closing it as a user would deletes the object too.
-TEST_F(MdiTest, TheClientMakesAndDestroysTheDocuments)
-{
-    TraceLevel level(1);
-    zktest::TraceCapture trace;
-    HWND client = vAPPACCESS::Client(*app);
-    vDOCWIN* first = new vDOCWIN(*app, vRECT(10, 10, 210, 160), vSTRING("First"), WF_SIZING,
-                                 CF_MAXBOX | CF_MINBOX | CF_SYSMENU);
-    HWND window = (*first)();
-    char name[32] = {};
-    GetClassNameA(window, name, sizeof name);
-    EXPECT_STREQ(name, "MDICHILD");
-    EXPECT_EQ(GetParent(window), client);
-    DWORD wanted = WS_CAPTION | WS_CLIPSIBLINGS | WS_THICKFRAME | WS_MAXIMIZEBOX | WS_MINIMIZEBOX | WS_SYSMENU;
-    EXPECT_EQ(GetWindowLongA(window, GWL_STYLE) & wanted, wanted);
-    EXPECT_FALSE(IsWindowVisible(window));
-    EXPECT_EQ(first->Title(), vSTRING("First"));
-    first->Show();
-    EXPECT_EQ(app->ActiveDocWin(), first);
-    vDOCWIN* second = Open(1)[0];
-    EXPECT_EQ(app->ActiveDocWin(), second);
-    EXPECT_EQ(app->NoDocWin(), 2);
-    first->Activate();
-    EXPECT_EQ(app->ActiveDocWin(), first);
-    first->Maximize();
-    EXPECT_TRUE(first->IsMaximised());
-    first->Normalise();
-    first->Hide();
-    EXPECT_FALSE(IsWindowVisible(window));
-
-    destroyRequests.clear();
-    clientProc = reinterpret_cast<WNDPROC>(SetWindowLongPtrA(client, GWLP_WNDPROC, LONG_PTR(WatchingClient)));
-    HWND secondWindow = (*second)();
-    delete first;
-    documents.clear();
-    SendMessageA(secondWindow, WM_SYSCOMMAND, SC_CLOSE, 0);
-    Pump();
-    SetWindowLongPtrA(client, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(clientProc));
-    EXPECT_EQ(destroyRequests, (std::vector<HWND>{window, secondWindow}));
-    EXPECT_FALSE(IsWindow(secondWindow));
-    EXPECT_EQ(app->NoDocWin(), 0);
-    Lines lines = trace.Lines();
-    for (const char* line : {"Trace: vDOCWIN::vDOCWIN(...)", "Trace: vDOCWIN::~vDOCWIN()"})
-        EXPECT_EQ(std::count(lines.begin(), lines.end(), line), 2) << line;
-}
 
 // A tiled window cannot be dragged by its caption, and of its frame only
 // the top edge reaches the library's frame dragging, which clears the drag
@@ -333,38 +275,6 @@ TEST_F(MdiTest, ResizingOneWindowSharesTheRestOnEachSide)
     Breadths expected = {sideBefore[0], sideBefore[1], right - left - 2 * fw, sideAfter[1], sideAfter[0]};
     EXPECT_EQ(BreadthsOf(order), expected);
     EXPECT_EQ(Rects(order), Layout(expected, false));
-}
-
-// Shares of a negative amount truncate towards zero, so the last window
-// takes the whole of -1; when the client changes size the difference is
-// shared out and the windows placed again; a platform arrangement is left
-// alone.
-TEST_F(MdiTest, ChangesOfSizeAreSharedOutTruncating)
-{
-    Open(3);
-    app->ArrangeDocWins(ARRANGE_ROWS);
-    DOCS order = TileList();
-    Breadths breadths = BreadthsOf(order);
-    for (vDOCWIN* window : order)
-        vDOCWINACCESS::Breadth(*window, 0);
-    vAPPACCESS::DistMDIBreadth(*app, 100);
-    EXPECT_EQ(BreadthsOf(order), (Breadths{33, 33, 34}));
-    vAPPACCESS::DistMDIBreadth(*app, -1);
-    EXPECT_EQ(BreadthsOf(order), (Breadths{33, 33, 33}));
-    for (size_t n = 0; n < 3; ++n)
-        vDOCWINACCESS::Breadth(*order[n], breadths[n]);
-
-    vRECT kept = app->Margins();
-    app->Margins(vRECT(kept.Left(), kept.Top(), kept.Right(), kept.Bottom() + vINT(30)));
-    Breadths shares = Shares(-30, 3);
-    for (size_t n = 0; n < 3; ++n)
-        breadths[n] += shares[n];
-    EXPECT_EQ(BreadthsOf(order), breadths);
-    EXPECT_EQ(Rects(order), Layout(breadths, true));
-    app->ArrangeDocWins(ARRANGE_CASCADE);
-    Lines cascaded = Rects(order);
-    app->Margins(kept);
-    EXPECT_EQ(Rects(order), cascaded);
 }
 
 }  // namespace

@@ -341,36 +341,4 @@ TEST_F(DispatchTest, MovesDuringADragAskForTheDropWindow)
     child->isDragging = 0;
 }
 
-// A top-level window of an application stands under its frame, shows the
-// wait cursor while the application is busy, and passes the kill on to it.
-using ApplicationWindowTest = apptest::FrameTest;
-
-TEST_F(ApplicationWindowTest, ATopLevelWindowServesTheApplication)
-{
-    TraceLevel level(1);
-    zktest::TraceCapture capture;
-    RECORDER* window = new RECORDER(*app, vRECT(1, 2, 41, 32), "w");
-    EXPECT_EQ(GetParent((*window)()), frame);
-    EXPECT_EQ(window->Application(), app);
-    EXPECT_EQ(window->Parent(), nullptr);
-    EXPECT_EQ(window->Size(), vRECT(1, 2, 41, 32));
-    Lines lines = capture.Lines();
-    ASSERT_EQ(lines.size(), 2u);
-    EXPECT_EQ(lines[0], "Trace: vWIN::vWIN(...)");
-    EXPECT_EQ(lines[1].rfind("Trace: CreateWindow ", 0), 0u);
-
-    app->BusyOn();
-    SetCursor(nullptr);
-    EXPECT_EQ(SendMessageA((*window)(), WM_SETCURSOR, reinterpret_cast<WPARAM>((*window)()), HTCLIENT), 1);
-    EXPECT_EQ(GetCursor(), LoadCursorA(nullptr, IDC_WAIT));
-    app->BusyOff();
-
-    Watched() = {vSYSTEM::GetZKKillMsg()};
-    Log().clear();
-    SendMessageA((*window)(), vSYSTEM::GetZKKillMsg(), 0, 0);
-    EXPECT_EQ(Log(), Lines{DefaultLine("w", vSYSTEM::GetZKKillMsg())});
-    MSG message;
-    EXPECT_TRUE(PeekMessageA(&message, frame, WM_CLOSE, WM_CLOSE, PM_REMOVE));
-}
-
 }  // namespace

@@ -1,5 +1,3 @@
-#include <functional>
-
 #include "app/appaccess.h"
 
 using Access = vPOINTERACCESS;
@@ -53,43 +51,42 @@ protected:
     vWIN child{host, vRECT(10, 20, 110, 100)};
 };
 
-// What the screen shows after each way of setting a form, and the form the
-// pointer holds: its identifier and, for the library's, the library's module.
+// What the screen shows after each course of a fresh pointer, and the form
+// it holds: its identifier and, for the library's, the library's module. A
+// course: C, W, I the cross, wait and beam forms, 0 the library's form 0, L
+// a drag cursor of the library, + push, - pop, s another's wait cursor, x
+// off, o on, A an activation taken, R one refused.
 TEST_F(PointerTest, FormsReachTheScreenAndTheStackRestoresThem)
 {
-    HINSTANCE library = vSYSTEM::Pointer()->GetInstance();
-    const struct { const char* what; std::function<void(vPOINTER&)> act; LPCSTR screen; unsigned short current;
-                   HINSTANCE module; unsigned short saved; } rows[] = {
-        {"new", [](vPOINTER&) {}, IDC_WAIT, 0, library, 0},
-        {"stock", [](vPOINTER& p) { p.Form(PF_CROSS); }, IDC_CROSS, PF_CROSS, nullptr, 0},
-        {"zero is the arrow",
-         [](vPOINTER& p) { p.Form(PF_WAIT); p.PushForm(); p.Form(Library(0)); }, IDC_ARROW, PF_ARROW, nullptr, 1},
-        {"pops in reverse",
-         [](vPOINTER& p) { p.Form(PF_CROSS); p.PushForm(); p.Form(PF_WAIT); p.PushForm(); p.Form(PF_IBEAM); p.PopForm(); },
-         IDC_WAIT, PF_WAIT, nullptr, 1},
-        {"pops to the first",
-         [](vPOINTER& p) { p.Form(PF_CROSS); p.PushForm(); p.Form(PF_WAIT); p.PushForm(); p.PopForm(); p.PopForm(); },
-         IDC_CROSS, PF_CROSS, nullptr, 0},
-        {"empty pop", [](vPOINTER& p) { p.Form(PF_CROSS); SetCursor(Stock(IDC_WAIT)); p.PopForm(); }, IDC_WAIT,
-         PF_CROSS, nullptr, 0},
-        {"library form", [](vPOINTER& p) { p.Form(Library(32505)); p.PushForm(); p.Form(PF_CROSS); p.PopForm(); },
-         nullptr, 32505, library, 0},
-        {"off refuses", [](vPOINTER& p) { p.Form(PF_CROSS); SetCursor(Stock(IDC_WAIT)); p.Off(); EXPECT_EQ(Access::Activate(p), 0); }, IDC_WAIT,
-         PF_CROSS, nullptr, 0},
-        {"on puts back", [](vPOINTER& p) { p.Form(PF_CROSS); p.Off(); SetCursor(Stock(IDC_WAIT)); p.On(); }, IDC_CROSS, PF_CROSS, nullptr, 0},
-        {"activates", [](vPOINTER& p) { p.Form(PF_CROSS); SetCursor(Stock(IDC_WAIT)); EXPECT_EQ(Access::Activate(p), 1); }, IDC_CROSS, PF_CROSS,
-         nullptr, 0},
-        {"on while on", [](vPOINTER& p) { p.Form(PF_CROSS); SetCursor(Stock(IDC_WAIT)); p.On(); }, IDC_WAIT, PF_CROSS,
-         nullptr, 0},
-        {"on without a form", [](vPOINTER& p) { p.Off(); p.On(); }, IDC_ARROW, PF_ARROW, nullptr, 0},
-        {"activation without a form", [](vPOINTER& p) { EXPECT_EQ(Access::Activate(p), 1); }, IDC_WAIT, 0, library, 0},
-    };
+    const HINSTANCE library = vSYSTEM::Pointer()->GetInstance();
+    const struct { const char* course; LPCSTR screen; unsigned short current; HINSTANCE module; unsigned short saved; }
+        rows[] = {{"", IDC_WAIT, 0, library, 0},           {"C", IDC_CROSS, PF_CROSS, nullptr, 0},
+                  {"W+0", IDC_ARROW, PF_ARROW, nullptr, 1},  {"C+W+I-", IDC_WAIT, PF_WAIT, nullptr, 1},
+                  {"C+W+--", IDC_CROSS, PF_CROSS, nullptr, 0}, {"Cs-", IDC_WAIT, PF_CROSS, nullptr, 0},
+                  {"L+C-", nullptr, 32505, library, 0},      {"CsxR", IDC_WAIT, PF_CROSS, nullptr, 0},
+                  {"CxsoA", IDC_CROSS, PF_CROSS, nullptr, 0}, {"CsA", IDC_CROSS, PF_CROSS, nullptr, 0},
+                  {"Cso", IDC_WAIT, PF_CROSS, nullptr, 0},   {"xo", IDC_ARROW, PF_ARROW, nullptr, 0},
+                  {"A", IDC_WAIT, 0, library, 0}};
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.what);
+        SCOPED_TRACE(row.course);
         vPOINTER(nullptr).On();
         vPOINTER pointer(nullptr);
         SetCursor(Stock(IDC_WAIT));
-        row.act(pointer);
+        for (const char* step = row.course; *step; ++step) {
+            switch (*step) {
+            case 'C': pointer.Form(PF_CROSS); break;
+            case 'W': pointer.Form(PF_WAIT); break;
+            case 'I': pointer.Form(PF_IBEAM); break;
+            case '0': pointer.Form(Library(0)); break;
+            case 'L': pointer.Form(Library(32505)); break;
+            case '+': pointer.PushForm(); break;
+            case '-': pointer.PopForm(); break;
+            case 's': SetCursor(Stock(IDC_WAIT)); break;
+            case 'x': vPOINTER::Off(); break;
+            case 'o': pointer.On(); break;
+            default: EXPECT_EQ(Access::Activate(pointer), *step == 'A');
+            }
+        }
         if (row.screen)
             EXPECT_EQ(GetCursor(), Stock(row.screen));
         else
@@ -106,41 +103,8 @@ TEST_F(PointerTest, FormsReachTheScreenAndTheStackRestoresThem)
     pointer->Form(PF_WAIT);
     pointer->PushForm();
     pointer->PushForm();
-    pointer->Form(PF_IBEAM);
     delete pointer;
     EXPECT_EQ(GetCursor(), Stock(IDC_CROSS));
-}
-
-TEST_F(PointerTest, ThePointerOfAWindowFollowsTheScreen)
-{
-    EXPECT_EQ(Access::Current(Pointer())(), PF_ARROW);
-    EXPECT_EQ(Access::Cursor(Pointer()), Stock(IDC_ARROW));
-    SetCursorPos(130, 150);
-    EXPECT_EQ(Pointer().Position(), vPOINT(20, 30));
-    EXPECT_EQ(vPOINTER::OverZKWindow(), &child);
-    Pointer().Position(vPOINT(7, 9));
-    EXPECT_EQ(vPOINTER::ScrnPosition(), vPOINT(117, 129));
-    SetCursorPos(105, 105);
-    EXPECT_EQ(vPOINTER::OverZKWindow(), nullptr);
-    vPOINTER::ScrnPosition(vPOINT(65536 + 1000, 131072 + 900));
-    POINT where;
-    GetCursorPos(&where);
-    EXPECT_EQ(vPOINT(where.x, where.y), vPOINT(1000, 900));
-    EXPECT_EQ(vPOINTER::OverZKWindow(), nullptr);
-    int shown = vPOINTER::Hide();
-    EXPECT_EQ(vPOINTER::Show(), shown + 1);
-
-    // A read of the active owner never clears it; activation makes the owner
-    // active unless the pointer is off.
-    vPOINTER::ActiveOwner(&host);
-    EXPECT_EQ(vPOINTER::ActiveOwner(nullptr), &host);
-    EXPECT_EQ(vPOINTER::ActiveOwner(nullptr), &host);
-    vPOINTER::Off();
-    EXPECT_EQ(Access::Activate(Pointer()), 0);
-    EXPECT_EQ(vPOINTER::ActiveOwner(nullptr), &host);
-    Pointer().On();
-    EXPECT_EQ(Access::Activate(Pointer()), 1);
-    EXPECT_EQ(vPOINTER::ActiveOwner(&host), &child);
 }
 
 std::vector<long> Clip()

@@ -124,12 +124,6 @@ public:
         Create(childId);
         SetID(childId);
     }
-    // A top-level window of the application, under its frame.
-    RECORDER(const vAPP& app, const vRECT& rect, const std::string& name)
-        : vWIN(app, rect, WF_NONE, static_cast<vCLASSID>(1)), name(name)
-    {
-        Create(0);
-    }
     // Adopts a window that exists, binding and subclassing it at once.
     RECORDER(HWND window, const std::string& name) : vWIN(window, vRESID()), name(name)
     {

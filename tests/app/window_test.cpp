@@ -33,21 +33,7 @@ TEST_F(WindowTest, AChildIsBoundSubclassedAndPlacedInItsParentsUnits)
     EXPECT_EQ(child.ClientToScreen(vPOINT(3, 4)), vPOINT(origin.x + 3, origin.y + 4));
     EXPECT_EQ(child.ScreenToClient(vPOINT(origin.x - 2, origin.y + 7)), vPOINT(-2, 7));
 
-    // A popup is placed from its owner's client corner on the screen.
-    RECORDER popup(Top(), vRECT(0, 0, 30, 20), "pop", WF_POPUP);
-    popup.Size(vRECT(10, 15, 210, 175));
-    POINT corner = {0, 0};
-    ClientToScreen(Top()(), &corner);
-    RECT box;
-    GetWindowRect(popup(), &box);
-    EXPECT_EQ(Text(vRECT(box.left, box.top, box.right, box.bottom)),
-              Text(vRECT(corner.x + 10, corner.y + 15, corner.x + 210, corner.y + 175)));
-    popup.Maximise();
-    EXPECT_TRUE(popup.IsMaximised());
-    popup.Normalise();
-    EXPECT_FALSE(popup.IsMaximised() || popup.IsIconized());
-    for (HWND window : {child(), parent(), popup()})
-        DestroyWindow(window);
+    DestroyWindow(parent());
 }
 
 TEST_F(WindowTest, WindowFlagsChooseTheStyleAndOnlyTheBaseClassCreates)
@@ -89,25 +75,6 @@ TEST_F(WindowTest, NewedWindowsGoWithTheirPlatformWindowsAndMembersStay)
     Log().clear();
     closed->Close();
     EXPECT_EQ(Log(), (Lines{"c.vQueryClose()", "c.~RECORDER", "c default 2"}));
-}
-
-TEST_F(WindowTest, WrappingAWindowNeitherBindsNorSubclasses)
-{
-    HWND window = CreateWindowExA(0, "ZKRECORD", nullptr, WS_CHILD, 0, 0, 10, 10, Top()(), nullptr,
-                                  vSYSTEM::Pointer()->GetInstance(), nullptr);
-    vWIN::NewedThis = &Top();
-    vWIN::fBorderDrag = 1;
-    {
-        vWIN wrapped(window, vRESID(5, vSYSTEM::Pointer()));
-        EXPECT_EQ(wrapped(), window);
-        EXPECT_EQ(Bound(window), nullptr);
-        EXPECT_EQ(GetWindowLongPtrA(window, GWLP_WNDPROC), reinterpret_cast<LONG_PTR>(RecordingDefault));
-        EXPECT_EQ(wrapped.ResTemplate()(), 5);
-        EXPECT_EQ(vWIN::NewedThis, nullptr);
-        EXPECT_EQ(vWIN::fBorderDrag, 0);
-    }
-    EXPECT_TRUE(IsWindow(window));
-    DestroyWindow(window);
 }
 
 // Children, the focus and the active window are found through the binding:
