@@ -88,16 +88,19 @@ int Listener(const std::vector<std::string>&)
     RegisterClassA(&earClass);
     HWND frame = vSYSTEM::GetFrameWindow();
     CreateWindowA("ZkPaletteEar", "", WS_CHILD, 0, 0, 1, 1, frame, nullptr, GetModuleHandleA(nullptr), nullptr);
+    zktest::Report(app->GetSetCommand(vSTRING())());
     zktest::Report(std::to_string(reinterpret_cast<uintptr_t>(frame)));
     return vAPPACCESS::Run(*app, GetModuleHandleA(nullptr), nullptr);
 }
 zktest::ChildEntry listener("palette-listener", Listener);
 
-// The palette walk reaches the windows of every registered program, and the
-// kill message ends the other program's loop.
+// A program stores its command line when asked without a value; the palette
+// walk reaches the windows of every registered program, and the kill message
+// ends the other program's loop.
 TEST(FamilyTest, APaletteChangeIsPostedToTheWindowsOfEveryProgram)
 {
-    zktest::Child other("palette-listener");
+    zktest::Child other("palette-listener", "one two");
+    EXPECT_EQ(other.ReadLine(), "--zk-child=palette-listener one two");
     HWND frame = reinterpret_cast<HWND>(std::stoull(other.ReadLine()));
     ASSERT_TRUE(IsWindow(frame));
     zktest::TraceCapture capture;

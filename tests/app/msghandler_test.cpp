@@ -242,20 +242,6 @@ TEST_F(DispatchTest, PaintDrawsTheUpdateRectangleOnTheErasedBackground)
     ReleaseDC(C(), dc);
 }
 
-TEST_F(DispatchTest, ARefusedCloseAlsoRefusesDroppedFiles)
-{
-    SetWindowLongA(C(), GWL_EXSTYLE, WS_EX_CLIENTEDGE);
-    child->DropRegister(7);
-    EXPECT_EQ(GetWindowLongA(C(), GWL_EXSTYLE), WS_EX_ACCEPTFILES);
-    child->Answer("vQueryClose", 0);
-    SendMessageA(C(), WM_CLOSE, 0, 0);
-    EXPECT_TRUE(IsWindow(C()));
-    EXPECT_EQ(GetWindowLongA(C(), GWL_EXSTYLE) & WS_EX_ACCEPTFILES, 0);
-    child->Answer("vQueryClose", 1);
-    SendMessageA(C(), WM_CLOSE, 0, 0);
-    EXPECT_EQ(Only("c."), (Lines{"c.vQueryClose()", "c.vQueryClose()", "c.~RECORDER"}));
-}
-
 TEST_F(DispatchTest, CommandsFromChildrenNotifyTheirPeers)
 {
     RECORDER peer(*child, vRECT(0, 0, 5, 5), "peer", WF_NONE, 21);
@@ -281,34 +267,6 @@ TEST_F(DispatchTest, PaletteChangesRepaintOnlyFromTheForeground)
     SendMessageA(C(), WM_DROPFILES, 0, 0);
     EXPECT_EQ(capture.Lines(), (Lines{"Trace: vWIN - DoPaletteChanged", "Trace: vWIN - DoPaletteChanged",
                                       "Trace: DoPaletteChanged - Invalidate", "Trace: vWIN::WM_DROPFILES"}));
-}
-
-TEST_F(DispatchTest, ThePointerIsClaimedOnMoveAndRefusedWhenOff)
-{
-    vPOINTER::ActiveOwner(&Top());
-    vPOINTER::Off();
-    SendMessageA(C(), WM_MOUSEMOVE, 0, MAKELPARAM(1, 1));
-    EXPECT_EQ(vPOINTER::ActiveOwner(nullptr), child);
-    Run({"cursor of the claimed pointer", WM_SETCURSOR, reinterpret_cast<WPARAM>(C()), HTCLIENT, {}, {}, false, 1});
-    vPOINTER::Off();
-    Log().clear();
-    SendMessageA(C(), WM_SETCURSOR, reinterpret_cast<WPARAM>(C()), HTCLIENT);
-    EXPECT_EQ(Only("c "), Lines{DefaultLine("c", WM_SETCURSOR)});
-}
-
-TEST_F(DispatchTest, AFlaggedFailureSurfacesAtTheNextMessage)
-{
-    DEFEXCEP& failure = vSYSTEM::GetDefaultException();
-    lstrcpyA(failure.MessageText(), "Window test out of memory");
-    lstrcpyA(failure.CaptionText(), "Window Test Caption");
-    zktest::BoxWatcher watcher("Window Test Caption", IDOK);
-    vSYSTEM::SetExceptionFlag(1);
-    Watched() = {WM_USER + 1};
-    SendMessageA(C(), WM_USER + 1, 0, 0);
-    EXPECT_EQ(Only("default"), Lines{DefaultLine("c", WM_USER + 1)});
-    EXPECT_TRUE(watcher.Seen());
-    EXPECT_EQ(watcher.Text(), "Window test out of memory");
-    EXPECT_EQ(vSYSTEM::GetExceptionFlag(), 0);
 }
 
 // Frame dragging: a press without a move sizes the window unchanged, and a

@@ -148,27 +148,15 @@ public:
     {
         return Reply("vBorderDrag", Text(*newRect) + "," + (oldRect ? Text(*oldRect) : "null"), 1);
     }
-    void Size(const vRECT& rect) override
-    {
-        Note(name + ".Size(" + Text(rect) + ")");
-        vWIN::Size(rect);
-    }
-    vRECT Size() const override { return vWIN::Size(); }
+    void Size(const vRECT& rect) override { Note(name + ".Size(" + Text(rect) + ")"), vWIN::Size(rect); }
+    using vWIN::Size;
     int vSize(const vRECT& client) override { return Reply("vSize", Text(client), 0); }
     int vCommand(const vCTRLID& id) override { return Reply("vCommand", std::to_string(id), 0); }
     int vTimer(const vRESID& id) override { return Reply("vTimer", std::to_string(id()), 0); }
-    int vReleaseFocus(vWIN* next) override
-    {
-        RECORDER* recorder = dynamic_cast<RECORDER*>(next);
-        return Reply("vReleaseFocus", recorder ? recorder->name : next ? "?" : "null", 0);
-    }
+    int vReleaseFocus(vWIN* next) override { return Reply("vReleaseFocus", next ? Named(next) : "null", 0); }
     int vFunctionKey(unsigned short n) override { return Reply("vFunctionKey", std::to_string(n), vWIN::vFunctionKey(n)); }
     int vCharacterKey(const vCHAR& c) override { return Reply("vCharacterKey", std::string(1, c()), 0); }
-    int vDragInit(const vPOINT& at) override { return Reply("vDragInit", Text(at), 0); }
-    void vDragFeedback(unsigned char state, const vPOINT& at) override
-    {
-        Reply("vDragFeedback", std::to_string(state) + "," + Text(at), 0);
-    }
+    void vDragFeedback(unsigned char state, const vPOINT& at) override { Reply("vDragFeedback", std::to_string(state) + "," + Text(at), 0); }
     int vDraw(const vRECT& area) override { return Reply("vDraw", Text(area), 0); }
     ZK_HEAR(vIconize) ZK_HEAR(vActivate) ZK_HEAR(vDeactivate) ZK_HEAR(vSettingChange) ZK_HEAR(vGetFocus)
     ZK_HEAR(vScrollPageUp) ZK_HEAR(vScrollPageDown) ZK_HEAR(vScrollPageLeft) ZK_HEAR(vScrollPageRight)
@@ -181,17 +169,13 @@ public:
     ZK_HEAR_AT(vMouseMiddleRelease) ZK_HEAR_AT(vMouseRightPress) ZK_HEAR_AT(vMouseRightRelease)
     ZK_HEAR_AT(vMouseLeftDoublePress) ZK_HEAR_AT(vMouseMiddleDoublePress) ZK_HEAR_AT(vMouseRightDoublePress)
 
-protected:
-    int vEraseBkg() override
-    {
-        Note(name + ".vEraseBkg()");
-        return vWIN::vEraseBkg();
-    }
-
-public:
     std::string name;
 
+protected:
+    int vEraseBkg() override { return Note(name + ".vEraseBkg()"), vWIN::vEraseBkg(); }
+
 private:
+    static std::string Named(vWIN* win) { return dynamic_cast<RECORDER*>(win) ? static_cast<RECORDER*>(win)->name : "?"; }
     void Create(unsigned short childId)
     {
         lstrcpyA(CreateParams.szClassName, "ZKRECORD");
@@ -202,8 +186,7 @@ private:
     int Reply(const std::string& handler, const std::string& arguments, int fallback)
     {
         Note(name + "." + handler + "(" + arguments + ")");
-        auto answer = answers.find(handler);
-        return answer == answers.end() ? fallback : answer->second;
+        return answers.count(handler) ? answers[handler] : fallback;
     }
 
     std::map<std::string, int> answers;
