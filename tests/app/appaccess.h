@@ -17,6 +17,8 @@ struct vAPPACCESS {
     static vMENU& WindowMenu(vAPP& app) { return app.windowMenu; }
     static short Run(vAPP& app, HINSTANCE instance, HINSTANCE previous) { return app.Run(instance, previous); }
     static void PostPaletteChange(int foreground) { vAPP::PostPaletteChange(foreground); }
+    static HWND ActiveDialog() { return vAPP::ActiveDialog(); }
+    static void ActiveDialog(HWND dialog) { vAPP::ActiveDialog(dialog); }
 
     static vDOCWIN* TileHead(const vAPP& app) { return app.pTileHead; }
     static unsigned short TileCount(const vAPP& app) { return app.nTile; }

@@ -152,6 +152,7 @@ public:
     using vWIN::Size;
     int vSize(const vRECT& client) override { return Reply("vSize", Text(client), 0); }
     int vCommand(const vCTRLID& id) override { return Reply("vCommand", std::to_string(id), 0); }
+    int vCommandHint(const vCTRLID& id) override { return Reply("vCommandHint", std::to_string(id), 0); }
     int vTimer(const vRESID& id) override { return Reply("vTimer", std::to_string(id()), 0); }
     int vReleaseFocus(vWIN* next) override { return Reply("vReleaseFocus", next ? Named(next) : "null", 0); }
     int vFunctionKey(unsigned short n) override { return Reply("vFunctionKey", std::to_string(n), vWIN::vFunctionKey(n)); }
