@@ -89,11 +89,7 @@ protected:
         frame = vAPPACCESS::Frame(*app);
     }
 
-    void TearDown() override
-    {
-        End(frame);
-        WindowTest::TearDown();
-    }
+    void TearDown() override { End(frame); WindowTest::TearDown(); }
 
     vAPP* app = nullptr;
     HWND frame = nullptr;

@@ -41,16 +41,8 @@ private:
 
 class ApplicationTest : public WindowTest {
 protected:
-    void Make(int mdi = 0)
-    {
-        app = new APPRECORDER(mdi);
-        frame = vAPPACCESS::Frame(*app);
-    }
-    void TearDown() override
-    {
-        apptest::End(frame);
-        WindowTest::TearDown();
-    }
+    void Make(int mdi = 0) { app = new APPRECORDER(mdi); frame = vAPPACCESS::Frame(*app); }
+    void TearDown() override { apptest::End(frame); WindowTest::TearDown(); }
     LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0)
     {
         Log().clear();

@@ -9,10 +9,7 @@ namespace {
 // identifier and so creates the platform window itself.
 struct OWNCAPWIN : vCAPWIN {
     OWNCAPWIN(const vAPP& app, const vRECT& rect, vCAPFLAGS boxes)
-        : vCAPWIN(app, rect, vSTRING("own"), WF_NONE, boxes, static_cast<vCLASSID>(3))
-    {
-        vWIN::CreateWin();
-    }
+        : vCAPWIN(app, rect, vSTRING("own"), WF_NONE, boxes, static_cast<vCLASSID>(3)) { vWIN::CreateWin(); }
 };
 
 using CapWinTest = apptest::FrameTest;

@@ -19,10 +19,7 @@ class DOCUMENT : public vDOCWIN {
 public:
     DOCUMENT(const vAPP& app, const char* title)
         : vDOCWIN(app, vRECT(10, 10, 210, 160), vSTRING("%s", title), WF_SIZING, CF_MAXBOX | CF_MINBOX | CF_SYSMENU,
-                  static_cast<vCLASSID>(3))
-    {
-        vDOCWIN::CreateWin();
-    }
+                  static_cast<vCLASSID>(3)) { vDOCWIN::CreateWin(); }
     using vDOCWIN::Instance;
 
 protected:
@@ -87,16 +84,8 @@ protected:
         Close();
     }
     static void TearDownTestSuite() { apptest::End(vAPPACCESS::Frame(*app)); }
-    void SetUp() override
-    {
-        zktest::LeakFreeTest::SetUp();
-        app->ArrangeDocWins(ARRANGE_CASCADE);
-    }
-    void TearDown() override
-    {
-        Close();
-        zktest::LeakFreeTest::TearDown();
-    }
+    void SetUp() override { zktest::LeakFreeTest::SetUp(); app->ArrangeDocWins(ARRANGE_CASCADE); }
+    void TearDown() override { Close(); zktest::LeakFreeTest::TearDown(); }
 
     // Opens documents while no tiling is in force, so that only the
     // arrangement under test places them.

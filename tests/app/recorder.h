@@ -119,11 +119,7 @@ class RECORDER : public vWIN {
 public:
     RECORDER(const vWIN& parent, const vRECT& rect, const std::string& name, vWNDFLAGS style = WF_NONE,
              unsigned short childId = 0)
-        : vWIN(parent, rect, style, static_cast<vCLASSID>(1)), name(name)
-    {
-        Create(childId);
-        SetID(childId);
-    }
+        : vWIN(parent, rect, style, static_cast<vCLASSID>(1)), name(name) { Create(childId); SetID(childId); }
     // Adopts a window that exists, binding and subclassing it at once.
     RECORDER(HWND window, const std::string& name) : vWIN(window, vRESID()), name(name)
     {
