@@ -5,6 +5,7 @@
 
 #include "app/application.h"
 #include "app/docwin.h"
+#include "app/pointer.h"
 #include "app/recorder.h"
 
 // The test suite's view of the application's private state and of the
@@ -12,42 +13,40 @@
 struct vAPPACCESS {
     static HWND Frame(const vAPP& app) { return app.hFrame; }
     static HWND Client(const vAPP& app) { return app.hClient; }
-    static int Busy(const vAPP& app) { return app.bBusy; }
     static vMDIARRANGE Arrange(const vAPP& app) { return app.arrange; }
-    static vEXCEPTION* Exception(const vAPP& app) { return app.pException; }
     static vMENU& WindowMenu(vAPP& app) { return app.windowMenu; }
     static short Run(vAPP& app, HINSTANCE instance, HINSTANCE previous) { return app.Run(instance, previous); }
-    static int Init(vAPP& app, HINSTANCE module) { return app.Init(module); }
-    static unsigned short KnownLanguage(unsigned short value) { return vAPP::KnownLanguage(value); }
-    static int PaletteChange(vAPP& app, int foreground) { return app.PaletteChange(app.hFrame, foreground); }
     static void PostPaletteChange(int foreground) { vAPP::PostPaletteChange(foreground); }
     static HWND ActiveDialog() { return vAPP::ActiveDialog(); }
     static void ActiveDialog(HWND dialog) { vAPP::ActiveDialog(dialog); }
 
     static vDOCWIN* TileHead(const vAPP& app) { return app.pTileHead; }
-    static vDOCWIN* TileTail(const vAPP& app) { return app.pTileTail; }
     static unsigned short TileCount(const vAPP& app) { return app.nTile; }
-    static void FillWindowMenu(vAPP& app) { app.FillWindowMenu(); }
-    static void DistMDIBreadth(vAPP& app, long amount) { app.DistMDIBreadth(vINT(amount)); }
 
     static HMENU Handle(const vMENU& menu) { return menu.hMenu; }
     static HMENU Parent(const vMENU& menu) { return menu.hParentMenu; }
     static short Fixed(const vMENU& menu) { return menu.nFixed; }
     static void Fixed(vMENU& menu, short count) { menu.nFixed = count; }
 
-    static HWND HelpWindow(const vHELP& help) { return help.hHelpWnd; }
-    static void SetHelp(vHELP& help, HINSTANCE instance, vSTRING& file) { help.SetHelp(instance, file); }
+};
+
+// A pointer's private state and the one operation that only windows call.
+struct vPOINTERACCESS {
+    static const vRESID& Current(const vPOINTER& pointer) { return pointer.current; }
+    static HCURSOR Cursor(const vPOINTER& pointer) { return pointer.hCursor; }
+    static unsigned short Saved(const vPOINTER& pointer) { return pointer.nStack; }
+    static int Activate(vPOINTER& pointer) { return pointer.Activate(); }
 };
 
 // The tiling fields of a document window.
 struct vDOCWINACCESS {
     static vDOCWIN* Next(const vDOCWIN& window) { return window.pNextTile; }
-    static vDOCWIN* Prev(const vDOCWIN& window) { return window.pPrevTile; }
     static long Breadth(const vDOCWIN& window) { return window.breadth(); }
-    static void Breadth(vDOCWIN& window, long value) { window.breadth = vINT(value); }
 };
 
 namespace apptest {
+
+using wintest::Pump;
 
 // Destroys the frame, which deletes the application, and takes the quit
 // that the deletion leaves in the queue, so that the next test's loops and
@@ -57,16 +56,6 @@ inline void End(HWND frame)
     DestroyWindow(frame);
     MSG msg;
     while (PeekMessageA(&msg, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE)) {
-    }
-}
-
-// Handles what is queued for this thread.
-inline void Pump()
-{
-    MSG msg;
-    while (PeekMessageA(&msg, nullptr, 0, 0, PM_REMOVE) && msg.message != WM_QUIT) {
-        TranslateMessage(&msg);
-        DispatchMessageA(&msg);
     }
 }
 
@@ -100,11 +89,7 @@ protected:
         frame = vAPPACCESS::Frame(*app);
     }
 
-    void TearDown() override
-    {
-        End(frame);
-        WindowTest::TearDown();
-    }
+    void TearDown() override { End(frame); WindowTest::TearDown(); }
 
     vAPP* app = nullptr;
     HWND frame = nullptr;

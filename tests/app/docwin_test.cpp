@@ -1,252 +1,269 @@
-#include <string>
-#include <vector>
+#include <algorithm>
 
 #include "app/appaccess.h"
 #include "app/docwin.h"
-#include "app/recorder.h"
-#include "support/zktest.h"
+
+using namespace wintest;
+using DOCS = std::vector<vDOCWIN*>;
+using Breadths = std::vector<long>;
 
 namespace {
 
-typedef std::vector<std::string> LIST;
+const long clientWidth = 600, clientHeight = 400;
 
-using wintest::TraceLevel;
+// A document of the tests' own class, which therefore creates its window
+// itself. The platform refuses to make a captioned window narrower than its
+// minimum tracking size; this one lets any size through, so that the
+// library's placing is seen as it is.
+class DOCUMENT : public vDOCWIN {
+public:
+    DOCUMENT(const vAPP& app, const char* title)
+        : vDOCWIN(app, vRECT(10, 10, 210, 160), vSTRING("%s", title), WF_SIZING, CF_MAXBOX | CF_MINBOX | CF_SYSMENU,
+                  static_cast<vCLASSID>(3)) { vDOCWIN::CreateWin(); }
+    using vDOCWIN::Instance;
 
-vDOCWIN* NewDocument(const vAPP& app, const char* title)
+protected:
+    int MsgHandler(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result) override
+    {
+        if (message != WM_GETMINMAXINFO)
+            return vDOCWIN::MsgHandler(message, wParam, lParam, result);
+        reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = POINT{1, 1};
+        return 1;
+    }
+};
+
+// Shares an amount out over the windows in order, the remainder of each
+// truncating division falling to the later ones.
+Breadths Shares(long amount, size_t count)
 {
-    return new vDOCWIN(app, vRECT(vINT(10), vINT(10), vINT(210), vINT(160)), vSTRING("%s", title), WF_SIZING,
-                       CF_MAXBOX | CF_MINBOX | CF_SYSMENU);
+    Breadths shares;
+    for (long left = static_cast<long>(count); left > 0; amount -= shares.back(), --left)
+        shares.push_back(amount / left);
+    return shares;
 }
 
-// What the frame's client is asked to destroy, seen from in front of its
-// own procedure.
-std::vector<HWND> destroyRequests;
-WNDPROC clientProc = nullptr;
+long Frame(bool rows) { return GetSystemMetrics(rows ? SM_CYFRAME : SM_CXFRAME); }
 
-LRESULT CALLBACK WatchingClient(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+// The breadths that fill the extent, one frame between neighbours.
+Breadths Filling(size_t count, bool rows, long extent)
 {
-    if (message == WM_MDIDESTROY)
-        destroyRequests.push_back(reinterpret_cast<HWND>(wParam));
-    return CallWindowProcA(clientProc, window, message, wParam, lParam);
+    return Shares(extent - static_cast<long>(count - 1) * Frame(rows), count);
 }
 
-// A shown frame with documents serves every test of the group: destroying
-// a shown top-level window is slow.
-class DocWinTest : public zktest::LeakFreeTest {
+// The outer frames hang one frame outside the client; each window is its
+// breadth plus two frames less one pixel, and the next starts one frame
+// after the last one's breadth.
+Lines Layout(const Breadths& breadths, bool rows, long across = 0)
+{
+    long step = Frame(rows), pos = -step, side = Frame(!rows);
+    across = across ? across : rows ? clientWidth : clientHeight;
+    Lines rects;
+    for (long breadth : breadths) {
+        long end = pos + breadth + 2 * step - 1;
+        rects.push_back(rows ? Text(vRECT(-side, pos, across + side, end)) : Text(vRECT(pos, -side, end, across + side)));
+        pos += breadth + step;
+    }
+    return rects;
+}
+
+// One shown frame with a client of a known size serves every test:
+// destroying a shown top-level window is slow.
+class MdiTest : public zktest::LeakFreeTest {
 protected:
     static void SetUpTestSuite()
     {
-        app = new vAPP(vSTRING("ZkDocWinFrame"), vSTRING("Documents"), 1);
-        frame = vAPPACCESS::Frame(*app);
-        app->Size(vRECT(vINT(0), vINT(0), vINT(640), vINT(480)));
+        app = new vAPP(vSTRING("ZkMdiFrame"), vSTRING("Documents"), 1);
+        app->Size(vRECT(0, 0, 720, 560));
         app->Show();
+        RECT inner;
+        GetClientRect(vAPPACCESS::Frame(*app), &inner);
+        app->Margins(vRECT(0, 0, inner.right - clientWidth, inner.bottom - clientHeight));
         vDEVICE::GetScreen().Colour(vSCREEN_WINDOW);
         vSYSTEM::GetKeyboard();
-        delete NewDocument(*app, "warm");
-        apptest::Pump();
+        Open(1);
+        Close();
+    }
+    static void TearDownTestSuite() { apptest::End(vAPPACCESS::Frame(*app)); }
+    void SetUp() override { zktest::LeakFreeTest::SetUp(); app->ArrangeDocWins(ARRANGE_CASCADE); }
+    void TearDown() override { Close(); zktest::LeakFreeTest::TearDown(); }
+
+    // Opens documents while no tiling is in force, so that only the
+    // arrangement under test places them.
+    static DOCS Open(size_t count)
+    {
+        for (size_t n = 0; n < count; ++n) {
+            documents.push_back(new DOCUMENT(*app, "Document"));
+            documents.back()->Show();
+        }
+        return DOCS(documents.end() - count, documents.end());
+    }
+    // Closes one document, or all of them.
+    static void Close(vDOCWIN* document = nullptr)
+    {
+        for (vDOCWIN* open : DOCS(documents))
+            if (!document || open == document) {
+                documents.erase(std::find(documents.begin(), documents.end(), open));
+                delete open;
+            }
+        Pump();
+    }
+    // The documents from the topmost down, as the platform stacks them.
+    static DOCS TopmostFirst()
+    {
+        DOCS order;
+        for (HWND child = GetWindow(vAPPACCESS::Client(*app), GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
+            if (vWIN* document = DOCUMENT::Instance(child))
+                order.push_back(static_cast<vDOCWIN*>(document));
+        return order;
+    }
+    static DOCS TileList()
+    {
+        DOCS list;
+        for (vDOCWIN* member = vAPPACCESS::TileHead(*app); member; member = vDOCWINACCESS::Next(*member))
+            list.push_back(member);
+        return list;
+    }
+    // The breadths the library keeps, and where the windows stand.
+    static Breadths BreadthsOf(const DOCS& windows)
+    {
+        Breadths breadths;
+        for (vDOCWIN* window : windows)
+            breadths.push_back(vDOCWINACCESS::Breadth(*window));
+        return breadths;
+    }
+    static Lines Rects(const DOCS& windows)
+    {
+        Lines rects;
+        for (vDOCWIN* window : windows)
+            rects.push_back(Placed((*window)()));
+        return rects;
     }
 
-    static void TearDownTestSuite() { apptest::End(frame); }
-
     static vAPP* app;
-    static HWND frame;
+    static DOCS documents;
 };
 
-vAPP* DocWinTest::app = nullptr;
-HWND DocWinTest::frame = nullptr;
-
-TEST_F(DocWinTest, TheClientMakesTheDocumentHiddenUntilShown)
-{
-    zktest::TraceCapture trace;
-    TraceLevel level(1);
-    vDOCWIN* document = NewDocument(*app, "First");
-    HWND window = (*document)();
-    ASSERT_TRUE(IsWindow(window));
-    char name[32] = {};
-    GetClassNameA(window, name, sizeof name);
-    EXPECT_STREQ(name, "MDICHILD");
-    EXPECT_EQ(GetParent(window), vAPPACCESS::Client(*app));
-    DWORD style = GetWindowLongA(window, GWL_STYLE);
-    DWORD wanted = WS_CAPTION | WS_CLIPSIBLINGS | WS_THICKFRAME | WS_MAXIMIZEBOX | WS_MINIMIZEBOX | WS_SYSMENU;
-    EXPECT_EQ(style & wanted, wanted);
-    EXPECT_FALSE(IsWindowVisible(window));
-    EXPECT_EQ(document->Title(), vSTRING("First"));
-
-    document->Show();
-    EXPECT_TRUE(IsWindowVisible(window));
-    EXPECT_EQ(app->ActiveDocWin(), document);
-    EXPECT_EQ(app->NoDocWin(), 1);
-    document->Hide();
-    EXPECT_FALSE(IsWindowVisible(window));
-    delete document;
-    EXPECT_FALSE(IsWindow(window));
-    EXPECT_EQ(app->NoDocWin(), 0);
-
-    LIST lines = trace.Lines();
-    auto has = [&lines](const char* line) { return std::find(lines.begin(), lines.end(), line) != lines.end(); };
-    EXPECT_TRUE(has("Trace: vDOCWIN::vDOCWIN(...)"));
-    EXPECT_TRUE(has("Trace: vDOCWIN::~vDOCWIN()"));
-}
-
-// A newed document goes through the client's own destruction, and its
-// object with it; closing it as a user would deletes the object too.
-TEST_F(DocWinTest, ADeletedDocumentIsDestroyedByTheClient)
-{
-    HWND client = vAPPACCESS::Client(*app);
-    destroyRequests.clear();
-    clientProc = reinterpret_cast<WNDPROC>(SetWindowLongPtrA(client, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(WatchingClient)));
-    vDOCWIN* first = NewDocument(*app, "Deleted");
-    vDOCWIN* second = NewDocument(*app, "Closed");
-    first->Show();
-    second->Show();
-    HWND firstWindow = (*first)();
-    HWND secondWindow = (*second)();
-    delete first;
-    SendMessageA(secondWindow, WM_SYSCOMMAND, SC_CLOSE, 0);
-    apptest::Pump();
-    SetWindowLongPtrA(client, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(clientProc));
-    EXPECT_EQ(destroyRequests, (std::vector<HWND>{firstWindow, secondWindow}));
-    EXPECT_FALSE(IsWindow(firstWindow));
-    EXPECT_FALSE(IsWindow(secondWindow));
-}
-
-TEST_F(DocWinTest, ActivatingAndMaximisingGoThroughTheClient)
-{
-    vDOCWIN* first = NewDocument(*app, "One");
-    vDOCWIN* second = NewDocument(*app, "Two");
-    first->Show();
-    second->Show();
-    EXPECT_EQ(app->ActiveDocWin(), second);
-    first->Activate();
-    EXPECT_EQ(app->ActiveDocWin(), first);
-    first->Maximize();
-    EXPECT_TRUE(IsZoomed((*first)()));
-    EXPECT_TRUE(first->IsMaximised());
-    first->Normalise();
-    delete second;
-    delete first;
-}
+vAPP* MdiTest::app = nullptr;
+DOCS MdiTest::documents;
 
 // A tiled window cannot be dragged by its caption, and of its frame only
 // the top edge reaches the library's frame dragging, which clears the drag
 // mark that the test leaves set; a window out of the tiling is not held.
-TEST_F(DocWinTest, ATiledWindowHoldsItsPlaceAgainstTheMouse)
+TEST_F(MdiTest, ATiledWindowHoldsItsPlaceAgainstTheMouse)
 {
-    struct CASE {
-        vMDIARRANGE mode;
-        UINT message;
-        WPARAM hit;
-        bool swallowed;
-    };
-    const CASE cases[] = {
-        {ARRANGE_COLUMNS, WM_NCMOUSEMOVE, HTLEFT, true},
-        {ARRANGE_ROWS, WM_NCMOUSEMOVE, HTBOTTOM, true},
-        {ARRANGE_COLUMNS, WM_NCMOUSEMOVE, HTTOP, false},
-        {ARRANGE_CASCADE, WM_NCMOUSEMOVE, HTLEFT, false},
+    const struct { vMDIARRANGE mode; UINT message; WPARAM hit; bool swallowed; } rows[] = {
+        {ARRANGE_COLUMNS, WM_NCMOUSEMOVE, HTLEFT, true},     {ARRANGE_ROWS, WM_NCMOUSEMOVE, HTBOTTOM, true},
+        {ARRANGE_COLUMNS, WM_NCMOUSEMOVE, HTTOP, false},     {ARRANGE_CASCADE, WM_NCMOUSEMOVE, HTLEFT, false},
         {ARRANGE_COLUMNS, WM_NCLBUTTONDOWN, HTCAPTION, true},
     };
-    vDOCWIN* document = NewDocument(*app, "Held");
-    document->Show();
-    for (const CASE& given : cases) {
-        SCOPED_TRACE(std::to_string(given.mode) + " " + std::to_string(given.message) + " " +
-                     std::to_string(given.hit));
-        app->ArrangeDocWins(given.mode);
+    vDOCWIN* document = Open(1)[0];
+    for (const auto& row : rows) {
+        SCOPED_TRACE(std::to_string(row.mode) + " " + std::to_string(row.message) + " " + std::to_string(row.hit));
+        app->ArrangeDocWins(row.mode);
         vWIN::fBorderDrag = 1;
-        LRESULT answer = SendMessageA((*document)(), given.message, given.hit, 0);
-        EXPECT_EQ(vWIN::fBorderDrag, given.swallowed ? 1 : 0);
-        if (given.swallowed) {
-            EXPECT_EQ(answer, 0);
-        }
+        LRESULT answer = SendMessageA((*document)(), row.message, row.hit, 0);
+        EXPECT_EQ(vWIN::fBorderDrag, row.swallowed ? 1 : 0);
+        EXPECT_TRUE(!row.swallowed || answer == 0);
     }
     vWIN::fBorderDrag = 0;
-    app->ArrangeDocWins(ARRANGE_CASCADE);
-    delete document;
 }
 
-// A program without a Window menu shows its one document filling the
-// frame, with neither caption nor frame.
-TEST_F(DocWinTest, ALoneDocumentIsUndecoratedAndMaximised)
+// Rows and columns fill the client edge to edge, topmost window first; a
+// window closed leaves its breadth and its frame to the others; arranging
+// again fills afresh.
+TEST_F(MdiTest, RowsAndColumnsPlaceEveryWindowToThePixel)
 {
-    vAPP* single = new vAPP(vSTRING("ZkSingleDocFrame"), vSTRING("Single"), 0);
-    HWND singleFrame = vAPPACCESS::Frame(*single);
-    vDOCWIN* document = NewDocument(*single, "Only");
-    DWORD style = GetWindowLongA((*document)(), GWL_STYLE);
-    EXPECT_EQ(style & 0xCF0000, 0u);
-    EXPECT_TRUE(style & WS_MAXIMIZE);
-    delete document;
-    apptest::End(singleFrame);
-}
-
-// The Window menu as a user works it: the item is found on the frame's bar
-// by the texts the user reads, and its command is sent as the menu sends it.
-struct LANGUAGECASE {
-    unsigned short language;
-    const char* rows;
-    const char* columns;
-    const char* cascade;
-    LIST items;
-    LIST bar;
-};
-
-class WindowMenuTest : public zktest::LeakFreeTest,
-                       public ::testing::WithParamInterface<LANGUAGECASE> {};
-
-// Chooses the item of that label from the bar's first menu, the Window menu.
-void ChooseFromMenu(HWND frame, const char* label)
-{
-    HMENU window = GetSubMenu(GetMenu(frame), 0);
-    for (int pos = 0; pos < GetMenuItemCount(window); ++pos) {
-        char text[128] = {};
-        GetMenuStringA(window, pos, text, sizeof text, MF_BYPOSITION);
-        if (std::string(text) == label)
-            PostMessageA(frame, WM_COMMAND, MAKEWPARAM(GetMenuItemID(window, pos), 0), 0);
+    for (size_t count : {1u, 2u, 3u, 5u, 12u}) {
+        for (bool rows : {true, false}) {
+            SCOPED_TRACE(std::to_string(count) + (rows ? " rows" : " columns"));
+            vMDIARRANGE mode = rows ? ARRANGE_ROWS : ARRANGE_COLUMNS;
+            long extent = rows ? clientHeight : clientWidth;
+            app->ArrangeDocWins(ARRANGE_CASCADE);
+            Open(count);
+            DOCS order = TopmostFirst();
+            app->ArrangeDocWins(mode);
+            EXPECT_EQ(vAPPACCESS::Arrange(*app), mode);
+            EXPECT_EQ(TileList(), order);
+            EXPECT_EQ(vAPPACCESS::TileCount(*app), count);
+            Breadths breadths = Filling(count, rows, extent);
+            EXPECT_EQ(BreadthsOf(order), breadths);
+            EXPECT_EQ(Rects(order), Layout(breadths, rows));
+            if (count >= 3) {
+                Breadths shares = Shares(breadths[1] + Frame(rows), count - 1);
+                Close(order[1]);
+                order.erase(order.begin() + 1);
+                breadths.erase(breadths.begin() + 1);
+                for (size_t n = 0; n < breadths.size(); ++n)
+                    breadths[n] += shares[n];
+                EXPECT_EQ(TileList(), order);
+                EXPECT_EQ(BreadthsOf(order), breadths);
+                EXPECT_EQ(Rects(order), Layout(breadths, rows));
+                app->ArrangeDocWins(mode);
+                order = TopmostFirst();
+                EXPECT_EQ(Rects(order), Layout(Filling(count - 1, rows, extent), rows));
+            }
+            Close();
+            EXPECT_EQ(vAPPACCESS::TileHead(*app), nullptr);
+        }
     }
-    apptest::Pump();
 }
 
-TEST_P(WindowMenuTest, ItsCommandsActInTheProgramsLanguage)
+// Only visible windows that are not minimised are tiled; with none the
+// mode is kept all the same. A window minimised under the tiling leaves it
+// and gives its breadth away; restored, it comes back at the head; one shown
+// under the tiling joins at the head with the size it has.
+TEST_F(MdiTest, OnlyShownWindowsThatAreNotMinimisedAreTiled)
 {
-    const LANGUAGECASE& given = GetParam();
-    vAPP* app = new vAPP(vSTRING("ZkWindowMenuFrame"), vSTRING("Window menu"), 1);
-    HWND frame = vAPPACCESS::Frame(*app);
-    app->Language(given.language);
-    app->Size(vRECT(vINT(0), vINT(0), vINT(640), vINT(480)));
-    vAPPACCESS::FillWindowMenu(*app);
-    app->SetMenuBar(*app->Menu());
-    app->Show();
-    SetForegroundWindow(frame);
-    EXPECT_EQ(apptest::Items(vAPPACCESS::Handle(vAPPACCESS::WindowMenu(*app))), given.items);
-    EXPECT_EQ(apptest::Items(GetMenu(frame)), given.bar);
-
-    std::vector<vDOCWIN*> documents;
-    for (const char* title : {"A", "B", "C"}) {
-        documents.push_back(NewDocument(*app, title));
-        documents.back()->Show();
-    }
-    ChooseFromMenu(frame, given.rows);
+    app->ArrangeDocWins(ARRANGE_ROWS);
     EXPECT_EQ(vAPPACCESS::Arrange(*app), ARRANGE_ROWS);
-    EXPECT_EQ(vAPPACCESS::TileCount(*app), 3);
-    ChooseFromMenu(frame, given.columns);
-    EXPECT_EQ(vAPPACCESS::Arrange(*app), ARRANGE_COLUMNS);
-    EXPECT_EQ(vAPPACCESS::TileCount(*app), 3);
-    ChooseFromMenu(frame, given.cascade);
-    EXPECT_EQ(vAPPACCESS::Arrange(*app), ARRANGE_CASCADE);
-    EXPECT_EQ(vAPPACCESS::TileCount(*app), 0);
+    EXPECT_EQ(vAPPACCESS::TileHead(*app), nullptr);
+    app->ArrangeDocWins(ARRANGE_CASCADE);
+    DOCS opened = Open(4);
+    opened[0]->Hide();
+    ShowWindow((*opened[1])(), SW_MINIMIZE);
+    app->ArrangeDocWins(ARRANGE_COLUMNS);
+    DOCS order = TileList();
+    EXPECT_EQ(order, (DOCS{opened[3], opened[2]}));
+    EXPECT_EQ(vDOCWINACCESS::Breadth(*opened[1]), 0);
 
-    // The application takes the documents with it, a hidden one too.
-    documents[0]->Hide();
-    apptest::End(frame);
+    ShowWindow((*order[0])(), SW_MINIMIZE);
+    EXPECT_EQ(TileList(), DOCS{order[1]});
+    EXPECT_EQ(BreadthsOf({order[1]}), Breadths{clientWidth});
+    EXPECT_EQ(Rects({order[1]}), Layout({clientWidth}, false));
+    ShowWindow((*order[0])(), SW_RESTORE);
+    EXPECT_EQ(TileList(), order);
+    Breadths breadths = BreadthsOf(order);
+    EXPECT_EQ(breadths[0] + breadths[1] + Frame(false), clientWidth);
+
+    vDOCWIN* added = Open(1)[0];
+    EXPECT_EQ(TileList(), (DOCS{added, order[0], order[1]}));
+    breadths = BreadthsOf(TileList());
+    EXPECT_EQ(breadths[0] + breadths[1] + breadths[2] + 2 * Frame(false), clientWidth);
+    EXPECT_EQ(app->ActiveDocWin(), added);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Languages, WindowMenuTest,
-    ::testing::Values(LANGUAGECASE{2057, "Arrange in &rows", "Arrange in co&lumns", "&Cascade",
-                                   LIST{"30003 &New window", "-", "30004 &Cascade", "30005 &Tile", "-",
-                                        "30007 Arrange in &rows", "30006 Arrange in co&lumns"},
-                                   LIST{"popup:&Window", "popup:&Help"}},
-                      LANGUAGECASE{1031, "In &Zeilen anordnen", "In &Spalten anordnen", "\334ber&lappend",
-                                   LIST{"30003 &Neues Fenster", "-", "30004 \334ber&lappend", "30005 &Nebeneinander",
-                                        "-", "30007 In &Zeilen anordnen", "30006 In &Spalten anordnen"},
-                                   LIST{"popup:&Fenster", "popup:&Hilfe"}}));
+// The user widens a tiled window: it keeps the width given, the windows on
+// each side share what is left, the remainder to those nearest it; a move
+// that keeps the breadth changes nothing.
+TEST_F(MdiTest, ResizingOneWindowSharesTheRestOnEachSide)
+{
+    Open(5);
+    app->ArrangeDocWins(ARRANGE_COLUMNS);
+    DOCS order = TileList();
+    Lines before = Rects(order);
+    HWND middle = (*order[2])();
+    RECT box;
+    GetWindowRect(middle, &box);
+    MapWindowPoints(nullptr, vAPPACCESS::Client(*app), reinterpret_cast<POINT*>(&box), 2);
+    SetWindowPos(middle, nullptr, box.left + 3, box.top, 0, 0, SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOSIZE);
+    EXPECT_EQ(Rects(order)[0], before[0]);
+    EXPECT_EQ(Rects(order)[4], before[4]);
+    long fw = Frame(false), left = box.left - 20, right = box.right + 40;
+    SetWindowPos(middle, nullptr, left, box.top, right - left, box.bottom - box.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    Breadths sideBefore = Shares(left - fw, 2), sideAfter = Shares(clientWidth - right - fw, 2);
+    Breadths expected = {sideBefore[0], sideBefore[1], right - left - 2 * fw, sideAfter[1], sideAfter[0]};
+    EXPECT_EQ(BreadthsOf(order), expected);
+    EXPECT_EQ(Rects(order), Layout(expected, false));
+}
 
 }  // namespace

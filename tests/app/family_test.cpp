@@ -1,48 +1,38 @@
-#include <string>
-
 #include "app/appaccess.h"
 #include "support/systemaccess.h"
-#include "support/zktest.h"
 
 namespace {
 
-std::string ProgramBeside(const char* name)
-{
-    char path[MAX_PATH];
-    GetModuleFileNameA(nullptr, path, MAX_PATH);
-    std::string directory(path);
-    return directory.substr(0, directory.rfind('\\') + 1) + name;
-}
+// The program of the family beside the tests, started as a user would; its
+// frame once it is on screen, and its exit code.
+struct PROGRAM {
+    PROCESS_INFORMATION process = {};
 
-// The start-up test program run as a process of its own, ended at the
-// latest when the object goes.
-class PROGRAM {
-public:
-    explicit PROGRAM(const std::string& arguments) : process{}
+    explicit PROGRAM(std::string arguments)
     {
-        STARTUPINFOA startup{};
+        char path[MAX_PATH];
+        GetModuleFileNameA(nullptr, path, MAX_PATH);
+        std::string line = "\"" + std::string(path, strrchr(path, '\\') + 1) + "zktwice.exe\" " + arguments;
+        STARTUPINFOA startup = {};
         startup.cb = sizeof startup;
-        std::string line = "\"" + ProgramBeside("zktwice.exe") + "\" " + arguments;
         CreateProcessA(nullptr, &line[0], nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process);
     }
     ~PROGRAM()
     {
-        if (process.hProcess && WaitForSingleObject(process.hProcess, 0) == WAIT_TIMEOUT)
-            TerminateProcess(process.hProcess, 1);
+        TerminateProcess(process.hProcess, 1);
         CloseHandle(process.hProcess);
         CloseHandle(process.hThread);
     }
-    DWORD Wait(DWORD timeoutMs = 20000)
+    DWORD Wait()
     {
         DWORD code = STILL_ACTIVE;
-        if (WaitForSingleObject(process.hProcess, timeoutMs) == WAIT_OBJECT_0)
-            GetExitCodeProcess(process.hProcess, &code);
+        WaitForSingleObject(process.hProcess, 20000);
+        GetExitCodeProcess(process.hProcess, &code);
         return code;
     }
-    // The program's frame once it is on screen.
-    HWND Frame(DWORD timeoutMs = 20000)
+    HWND Frame()
     {
-        for (DWORD deadline = GetTickCount() + timeoutMs; GetTickCount() < deadline; Sleep(20)) {
+        for (DWORD deadline = GetTickCount() + 20000; GetTickCount() < deadline; Sleep(20)) {
             HWND frame = FindWindowA("ZkTwiceFrame", nullptr);
             DWORD owner = 0;
             GetWindowThreadProcessId(frame, &owner);
@@ -51,19 +41,12 @@ public:
         }
         return nullptr;
     }
-
-private:
-    PROCESS_INFORMATION process;
 };
 
-std::string Title(HWND window)
-{
-    char title[64] = {};
-    GetWindowTextA(window, title, sizeof title);
-    return title;
-}
-
-TEST(FamilyTest, ASecondStartRestoresTheIconicFirstAndEndsWithoutALoop)
+// A second start restores the iconic first and ends without a loop; the
+// kill message ends the first. A program takes its language from its
+// version resource.
+TEST(FamilyTest, ASecondStartRestoresTheFirstAndEndsWithoutALoop)
 {
     PROGRAM first("iconic");
     HWND frame = first.Frame();
@@ -71,25 +54,20 @@ TEST(FamilyTest, ASecondStartRestoresTheIconicFirstAndEndsWithoutALoop)
     for (int tries = 0; tries < 100 && !IsIconic(frame); ++tries)
         Sleep(20);
     ASSERT_TRUE(IsIconic(frame));
-
-    PROGRAM second("");
-    EXPECT_EQ(second.Wait(), 0u);
+    EXPECT_EQ(PROGRAM("").Wait(), 0u);
     EXPECT_FALSE(IsIconic(frame));
     EXPECT_EQ(SendMessageA(frame, vSYSTEMACCESS::GetTavikMessage(), 0, 0), 0x0B0B0B0B);
-
     PostMessageA(frame, vSYSTEM::GetZKKillMsg(), 0, 0);
     EXPECT_EQ(first.Wait(), 0u);
     EXPECT_FALSE(IsWindow(frame));
-}
 
-TEST(FamilyTest, AProgramTakesItsLanguageFromItsVersionResource)
-{
-    PROGRAM program("language");
-    HWND frame = program.Frame();
-    ASSERT_NE(frame, nullptr);
-    EXPECT_EQ(Title(frame), "language 1053 init 1");
+    PROGRAM speaking("language");
+    frame = speaking.Frame();
+    char title[64] = {};
+    GetWindowTextA(frame, title, sizeof title);
+    EXPECT_STREQ(title, "language 1053 init 1");
     PostMessageA(frame, vSYSTEM::GetZKKillMsg(), 0, 0);
-    EXPECT_EQ(program.Wait(), 0u);
+    EXPECT_EQ(speaking.Wait(), 0u);
 }
 
 // A window of another program that reports the palette messages it hears.
@@ -100,14 +78,9 @@ LRESULT CALLBACK Ear(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
     return DefWindowProcA(window, message, wParam, lParam);
 }
 
-class LISTENER : public vAPP {
-public:
-    LISTENER() : vAPP(vSTRING("ZkListenerFrame"), vSTRING("Listener"), 0) {}
-};
-
 int Listener(const std::vector<std::string>&)
 {
-    vAPP* app = new LISTENER;
+    vAPP* app = new vAPP(vSTRING("ZkListenerFrame"), vSTRING("Listener"), 0);
     WNDCLASSA earClass = {};
     earClass.lpfnWndProc = Ear;
     earClass.hInstance = GetModuleHandleA(nullptr);
@@ -115,28 +88,29 @@ int Listener(const std::vector<std::string>&)
     RegisterClassA(&earClass);
     HWND frame = vSYSTEM::GetFrameWindow();
     CreateWindowA("ZkPaletteEar", "", WS_CHILD, 0, 0, 1, 1, frame, nullptr, GetModuleHandleA(nullptr), nullptr);
+    zktest::Report(app->GetSetCommand(vSTRING())());
     zktest::Report(std::to_string(reinterpret_cast<uintptr_t>(frame)));
     return vAPPACCESS::Run(*app, GetModuleHandleA(nullptr), nullptr);
 }
 zktest::ChildEntry listener("palette-listener", Listener);
 
-// The palette walk reaches the windows of every registered program, and the
-// kill message ends the other program's loop.
+// A program stores its command line when asked without a value; the palette
+// walk reaches the windows of every registered program, and the kill message
+// ends the other program's loop.
 TEST(FamilyTest, APaletteChangeIsPostedToTheWindowsOfEveryProgram)
 {
-    zktest::Child other("palette-listener");
-    HWND frame = reinterpret_cast<HWND>(std::stoul(other.ReadLine()));
+    zktest::Child other("palette-listener", "one two");
+    EXPECT_EQ(other.ReadLine(), "--zk-child=palette-listener one two");
+    HWND frame = reinterpret_cast<HWND>(std::stoull(other.ReadLine()));
     ASSERT_TRUE(IsWindow(frame));
-
     zktest::TraceCapture capture;
     vAPPACCESS::PostPaletteChange(1);
     EXPECT_EQ(other.ReadLine(), "palette 1");
     vAPPACCESS::PostPaletteChange(0);
     EXPECT_EQ(other.ReadLine(), "palette 0");
+    EXPECT_FALSE(capture.Lines().empty());
     for (const std::string& line : capture.Lines())
         EXPECT_EQ(line, "Trace: vAPP::EnumchildProc");
-    EXPECT_FALSE(capture.Lines().empty());
-
     PostMessageA(frame, vSYSTEM::GetZKKillMsg(), 0, 0);
     EXPECT_EQ(other.Wait(), 0u);
 }

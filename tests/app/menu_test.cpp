@@ -1,254 +1,139 @@
-#include <string>
-#include <vector>
-
 #include "app/appaccess.h"
+#include "app/popupmenu.h"
 #include "graphics/bitmap.h"
-#include "support/zktest.h"
+#include "graphics/screen.h"
+
+using wintest::Lines;
+using apptest::Items;
 
 namespace {
 
-typedef std::vector<std::string> LIST;
+HMENU H(const vMENU& menu) { return vAPPACCESS::Handle(menu); }
 
-class MenuTest : public zktest::LeakFreeTest {};
+using MenuTest = zktest::LeakFreeTest;
 
-TEST_F(MenuTest, PositionsOutsideTheCountGiveNothing)
+// Items are added, found, changed and removed by position, identifier or
+// label; positions outside the count give nothing, bitmap items are refused;
+// each change of state reports what it changed.
+TEST_F(MenuTest, ItemsAreFoundAndChangedInPlace)
 {
-    vMENU menu;
-    menu.Append(vCTRLID(10), vSTRING("Ten"));
-    menu.Append(vCTRLID(11), vSTRING("Eleven"));
-    EXPECT_EQ(menu.NoItem(), 2);
-    EXPECT_EQ(menu.Label(0), vSTRING("Ten"));
-    EXPECT_EQ(menu.ItemID(1), vCTRLID(11));
-    EXPECT_TRUE(menu.Label(-1).Null());
-    EXPECT_TRUE(menu.Label(2).Null());
-    EXPECT_EQ(menu.ItemID(-1), vCTRLID(0));
-    EXPECT_EQ(menu.ItemID(2), vCTRLID(0));
-    EXPECT_EQ(menu.Position(vCTRLID(11)), 1);
-    EXPECT_EQ(menu.Position(vSTRING("Ten")), 0);
+    vMENU menu, sub;
+    menu.Append(vCTRLID(1), vSTRING("One"));
+    menu.Insert(0, vCTRLID(2), vSTRING("Two"));
+    menu.Insert(1);
+    menu.Insert(0, sub, vSTRING("Sub"));
+    EXPECT_EQ(Items(H(menu)), (Lines{"popup:Sub", "2 Two", "-", "1 One"}));
+    EXPECT_EQ(vAPPACCESS::Parent(sub), H(menu));
+    EXPECT_EQ(menu.Label(1), vSTRING("Two"));
+    EXPECT_TRUE(menu.Label(-1).Null() && menu.Label(4).Null() && menu.Label(vCTRLID(3)).Null());
+    EXPECT_TRUE(menu.ItemID(3) == vCTRLID(1) && menu.ItemID(-1) == vCTRLID(0) && menu.ItemID(4) == vCTRLID(0));
+    EXPECT_EQ(menu.Position(vCTRLID(1)), 3);
+    EXPECT_EQ(menu.Position(vSTRING("Two")), 1);
     EXPECT_EQ(static_cast<unsigned short>(menu.Position(vCTRLID(12))), 65535);
     EXPECT_EQ(menu.Position(vSTRING("Twelve")), -1);
+    EXPECT_EQ(menu.ItemID(vSTRING("Two")), vCTRLID(2));
+    EXPECT_EQ(menu.Label(vCTRLID(1)), vSTRING("One"));
+    menu.Remove(0);
+    menu.Remove(1);
+    menu.Modify(0, vCTRLID(4), vSTRING("Four"));
+    vBITMAP picture(vRESID(32000, vSYSTEM::Pointer()));
+    EXPECT_EQ(menu.Insert(0, picture) + menu.Append(vCTRLID(5), picture) +
+                  menu.Modify(static_cast<unsigned short>(0), picture), 0);
+    EXPECT_EQ(Items(H(menu)), (Lines{"4 Four", "1 One"}));
+    EXPECT_TRUE(IsMenu(H(sub)));
+
+    const struct { int (vMENU::*change)(short); int answer; unsigned state; } steps[] = {
+        {&vMENU::CheckItem, 1, MF_CHECKED},           {&vMENU::CheckItem, 0, MF_CHECKED},
+        {&vMENU::UnCheckItem, 1, MF_UNCHECKED},       {&vMENU::UnCheckItem, 0, MF_UNCHECKED},
+        {&vMENU::DisableItem, MF_ENABLED, MF_GRAYED}, {&vMENU::DeactivateItem, MF_GRAYED, MF_DISABLED},
+        {&vMENU::EnableItem, MF_DISABLED, MF_ENABLED}};
+    for (const auto& step : steps) {
+        EXPECT_EQ((menu.*step.change)(0), step.answer);
+        EXPECT_EQ(menu.MenuState(0), step.state);
+    }
 }
 
-// More fixed items than items: the count wraps to beyond what a position
-// holds, and a lookup must still end with nothing found.
-TEST_F(MenuTest, ALookupEndsWhenTheCountExceedsAnyPosition)
+// The fixed Window and Help menus at the end of a bar are neither counted nor
+// passed; more fixed items than items wrap the count beyond any position, and
+// a lookup still ends.
+TEST_F(MenuTest, FixedItemsAtTheEndAreNotTheProgramsItems)
 {
-    vMENU menu;
-    menu.Append(vCTRLID(10), vSTRING("Ten"));
-    vAPPACCESS::Fixed(menu, 3);
-    ASSERT_EQ(menu.NoItem(), 65534);
-    ASSERT_EQ(menu.Position(vCTRLID(0)), -1);
-    EXPECT_EQ(menu.Position(vCTRLID(10)), 0);
-    EXPECT_EQ(menu.Position(vCTRLID(12)), -1);
-    EXPECT_EQ(menu.Position(vSTRING("Twelve")), -1);
-}
-
-TEST_F(MenuTest, FixedItemsAtTheEndAreNotCountedAndNotPassed)
-{
-    vMENU bar;
-    vMENU window;
-    vMENU help;
+    vMENU bar, window, help, file;
     bar.Append(window, vSTRING("Window"));
     bar.Append(help, vSTRING("Help"));
     vAPPACCESS::Fixed(bar, 2);
     EXPECT_EQ(bar.NoItem(), 0);
     EXPECT_TRUE(bar.Label(0).Null());
-
-    vMENU file;
     bar.Append(file, vSTRING("File"));
     bar.Append(vCTRLID(5), vSTRING("Go"));
-    bar.Append();
-    EXPECT_EQ(apptest::Items(vAPPACCESS::Handle(bar)),
-              (LIST{"popup:File", "5 Go", "-", "popup:Window", "popup:Help"}));
-    EXPECT_EQ(bar.NoItem(), 3);
-    EXPECT_EQ(vAPPACCESS::Parent(file), vAPPACCESS::Handle(bar));
-    EXPECT_EQ(vAPPACCESS::Parent(window), nullptr);
+    EXPECT_EQ(Items(H(bar)), (Lines{"popup:File", "5 Go", "popup:Window", "popup:Help"}));
+    EXPECT_EQ(bar.NoItem(), 2);
+    vAPPACCESS::Fixed(bar, 5);
+    ASSERT_EQ(bar.NoItem(), 65535);
+    EXPECT_EQ(bar.Position(vCTRLID(5)), 1);
+    EXPECT_EQ(bar.Position(vCTRLID(12)), -1);
+    EXPECT_EQ(bar.Position(vSTRING("Twelve")), -1);
+    vMENU view(bar);
+    EXPECT_EQ(H(view), H(bar));
 }
 
-TEST_F(MenuTest, InsertingAndRemovingByPosition)
+// A document program's bar ends in its Window and Help menus and shows on the
+// frame when updated; a set bar shows, hides and clears.
+using MenuBarTest = apptest::FrameTest;
+
+TEST_F(MenuBarTest, TheBarEndsInTheFixedMenusAndFollowsTheFrame)
 {
-    vMENU menu;
-    vMENU sub;
-    menu.Append(vCTRLID(1), vSTRING("One"));
-    menu.Insert(0, vCTRLID(2), vSTRING("Two"));
-    menu.Insert(1);
-    menu.Insert(0, sub, vSTRING("Sub"));
-    EXPECT_EQ(apptest::Items(vAPPACCESS::Handle(menu)), (LIST{"popup:Sub", "2 Two", "-", "1 One"}));
-    EXPECT_EQ(vAPPACCESS::Parent(sub), vAPPACCESS::Handle(menu));
-    menu.Remove(0);
-    menu.Remove(1);
-    EXPECT_EQ(apptest::Items(vAPPACCESS::Handle(menu)), (LIST{"2 Two", "1 One"}));
-    EXPECT_TRUE(IsMenu(vAPPACCESS::Handle(sub)));
-}
+    vAPP* documents = new vAPP(vSTRING("ZkMenuFrame"), vSTRING("Menus"), 1);
+    vMENU* bar = documents->Menu();
+    EXPECT_EQ(documents->Menu(), bar);
+    EXPECT_EQ(Items(H(*bar)), (Lines{"popup:&Window", "popup:&Help"}));
+    EXPECT_EQ(GetSubMenu(H(*bar), 0), H(vAPPACCESS::WindowMenu(*documents)));
+    EXPECT_EQ(GetSubMenu(H(*bar), 1), H(documents->Help()));
+    documents->UpdateMenuBar();
+    EXPECT_EQ(GetMenu(vAPPACCESS::Frame(*documents)), H(*bar));
+    apptest::End(vAPPACCESS::Frame(*documents));
 
-// Each object destroys only its own handle: a copy destroys nothing, and a
-// popup outlives the menu that showed it.
-TEST_F(MenuTest, AMenuDestroysOnlyItsOwnHandle)
-{
-    HMENU handle = nullptr;
-    vMENU popup;
-    {
-        vMENU menu;
-        handle = vAPPACCESS::Handle(menu);
-        menu.Append(popup, vSTRING("Popup"));
-        {
-            vMENU view(menu);
-            EXPECT_EQ(vAPPACCESS::Handle(view), handle);
-            EXPECT_EQ(view.NoItem(), 1);
-        }
-        EXPECT_TRUE(IsMenu(handle));
-    }
-    EXPECT_FALSE(IsMenu(handle));
-    EXPECT_TRUE(IsMenu(vAPPACCESS::Handle(popup)));
-}
-
-class MenuBarTest : public zktest::LeakFreeTest {
-protected:
-    vAPP* Make(int mdi)
-    {
-        app = new vAPP(vSTRING("ZkMenuFrame"), vSTRING("Menus"), mdi);
-        frame = vAPPACCESS::Frame(*app);
-        return app;
-    }
-    void TearDown() override
-    {
-        apptest::End(frame);
-        zktest::LeakFreeTest::TearDown();
-    }
-
-    vAPP* app = nullptr;
-    HWND frame = nullptr;
-};
-
-TEST_F(MenuBarTest, ADocumentProgramsBarEndsInItsWindowAndHelpMenus)
-{
-    Make(1);
-    vMENU* bar = app->Menu();
-    ASSERT_NE(bar, nullptr);
-    EXPECT_EQ(app->Menu(), bar);
-    EXPECT_EQ(vAPPACCESS::Fixed(*bar), 2);
-    EXPECT_EQ(bar->NoItem(), 0);
-    vMENU file;
-    bar->Append(file, vSTRING("&File"));
-    EXPECT_EQ(apptest::Items(vAPPACCESS::Handle(*bar)), (LIST{"popup:&File", "popup:&Window", "popup:&Help"}));
-    HMENU window = GetSubMenu(vAPPACCESS::Handle(*bar), 1);
-    EXPECT_EQ(window, vAPPACCESS::Handle(vAPPACCESS::WindowMenu(*app)));
-    EXPECT_EQ(GetSubMenu(vAPPACCESS::Handle(*bar), 2), vAPPACCESS::Handle(app->Help()));
-    EXPECT_EQ(GetMenu(frame), nullptr);
-    app->UpdateMenuBar();
-    EXPECT_EQ(GetMenu(frame), vAPPACCESS::Handle(*bar));
-    bar->Remove(0);
-}
-
-TEST_F(MenuBarTest, AProgramWithoutDocumentsHasHelpAloneInItsLanguage)
-{
-    Make(0);
-    app->Language(1031);
-    vMENU* bar = app->Menu();
-    EXPECT_EQ(vAPPACCESS::Fixed(*bar), 1);
-    EXPECT_EQ(apptest::Items(vAPPACCESS::Handle(*bar)), LIST{"popup:&Hilfe"});
-}
-
-TEST_F(MenuBarTest, ShowingHidingAndClearingTheBar)
-{
-    Make(0);
     vMENU own;
-    own.Append(vCTRLID(3), vSTRING("Three"));
-    vMENU* made = app->Menu();
+    app->Language(1031);
+    EXPECT_EQ(Items(H(*app->Menu())), Lines{"popup:&Hilfe"});
     app->SetMenuBar(own);
-    EXPECT_NE(made, &own);
     EXPECT_EQ(app->Menu(), &own);
-    EXPECT_EQ(GetMenu(frame), vAPPACCESS::Handle(own));
+    EXPECT_EQ(GetMenu(frame), H(own));
     app->HideMenuBar();
     EXPECT_EQ(GetMenu(frame), nullptr);
     app->ShowMenuBar();
-    EXPECT_EQ(GetMenu(frame), vAPPACCESS::Handle(own));
-
+    EXPECT_EQ(GetMenu(frame), H(own));
     app->ClearMenuBar();
     EXPECT_EQ(GetMenu(frame), nullptr);
-    EXPECT_EQ(app->Menu(), &own);
+
 }
 
-// The application's own bar, once asked for, replaces whatever bar was set.
-TEST_F(MenuBarTest, TheFirstRequestForTheBarMakesTheApplicationsOwn)
+// Where the menu stood on the screen while it was up; the menu loop's timer
+// reads it and ends the menu.
+RECT shown;
+
+void CALLBACK NoteAndEnd(HWND, UINT, UINT_PTR timer, DWORD)
 {
-    Make(0);
-    vMENU own;
-    app->SetMenuBar(own);
-    vMENU* made = app->Menu();
-    EXPECT_NE(made, &own);
-    EXPECT_EQ(vAPPACCESS::Fixed(*made), 1);
-    EXPECT_EQ(GetMenu(frame), nullptr);
+    KillTimer(nullptr, timer);
+    if (HWND menu = FindWindowA("#32768", nullptr))
+        GetWindowRect(menu, &shown);
+    EndMenu();
 }
 
-TEST_F(MenuBarTest, ClearingTheBarThatTheApplicationMadeForgetsIt)
+// Left of a third of the half screen the menu opens to the right of the
+// point, beyond it to the left; the point is the window's client point.
+TEST_F(MenuBarTest, APopupMenuOpensAwayFromTheScreensEdge)
 {
-    Make(1);
-    app->Menu();
-    app->UpdateMenuBar();
-    app->ClearMenuBar();
-    vMENU* cleared = app->Menu();
-    EXPECT_NE(cleared, nullptr);
-    EXPECT_EQ(cleared->NoItem(), 0);
-    EXPECT_EQ(vAPPACCESS::Fixed(*cleared), 0);
-    EXPECT_TRUE(IsMenu(vAPPACCESS::Handle(app->Help())));
-    EXPECT_TRUE(IsMenu(vAPPACCESS::Handle(vAPPACCESS::WindowMenu(*app))));
-}
-
-TEST_F(MenuBarTest, MenuSelectionHandsTheHandlerAViewThatDoesNotOwnTheMenu)
-{
-    Make(0);
-    HMENU popup = CreatePopupMenu();
-    SendMessageA(frame, WM_MENUSELECT, MAKEWPARAM(3, 0), reinterpret_cast<LPARAM>(popup));
-    EXPECT_TRUE(IsMenu(popup));
-    DestroyMenu(popup);
-}
-
-}  // namespace
-
-namespace {
-
-// The states an item goes through, and what each change reports.
-TEST_F(MenuTest, ItemStatesReportWhatChanged)
-{
-    vMENU menu;
-    menu.Append(vCTRLID(7), vSTRING("Seven"));
-    EXPECT_EQ(menu.CheckItem(0), 1);
-    EXPECT_EQ(menu.CheckItem(0), 0);
-    EXPECT_EQ(menu.MenuState(0), static_cast<unsigned>(MF_CHECKED));
-    EXPECT_EQ(menu.UnCheckItem(0), 1);
-    EXPECT_EQ(menu.UnCheckItem(0), 0);
-    EXPECT_EQ(menu.DisableItem(0), static_cast<int>(MF_ENABLED));
-    EXPECT_EQ(menu.MenuState(0), static_cast<unsigned>(MF_GRAYED));
-    EXPECT_EQ(menu.DeactivateItem(0), static_cast<int>(MF_GRAYED));
-    EXPECT_EQ(menu.MenuState(0), static_cast<unsigned>(MF_DISABLED));
-    menu.EnableItem(0);
-    EXPECT_EQ(menu.MenuState(0), static_cast<unsigned>(MF_ENABLED));
-}
-
-// Labels and identifiers lead to one another; replacing an item keeps its
-// place; bitmap items are refused and change nothing.
-TEST_F(MenuTest, ModifyingAndLookingUpItems)
-{
-    vMENU menu;
-    vMENU sub;
-    menu.Append(vCTRLID(1), vSTRING("One"));
-    menu.Append(vCTRLID(2), vSTRING("Two"));
-    EXPECT_EQ(menu.ItemID(vSTRING("Two")), vCTRLID(2));
-    EXPECT_EQ(menu.Label(vCTRLID(1)), vSTRING("One"));
-    EXPECT_TRUE(menu.Label(vCTRLID(3)).Null());
-
-    menu.Modify(0, vCTRLID(4), vSTRING("Four"));
-    menu.Modify(1, sub, vSTRING("Sub"));
-    EXPECT_EQ(apptest::Items(vAPPACCESS::Handle(menu)), (LIST{"4 Four", "popup:Sub"}));
-    EXPECT_EQ(vAPPACCESS::Parent(sub), vAPPACCESS::Handle(menu));
-
-    vBITMAP picture(vRESID(32000, vSYSTEM::Pointer()));
-    EXPECT_EQ(menu.Insert(0, picture), 0);
-    EXPECT_EQ(menu.Append(vCTRLID(5), picture), 0);
-    EXPECT_EQ(menu.Modify(static_cast<unsigned short>(0), picture), 0);
-    EXPECT_EQ(apptest::Items(vAPPACCESS::Handle(menu)), (LIST{"4 Four", "popup:Sub"}));
-    menu.Remove(1);
+    vPOPUPMENU menu;
+    menu.Append(vCTRLID(1), vSTRING("First item"));
+    long half = vDEVICE::GetScreen().Size().Width()() / 2;
+    for (long x : {10L, half - half / 3 - 1, half - half / 3}) {
+        vPOINT screen = Top().ClientToScreen(vPOINT(x, 20));
+        SetTimer(nullptr, 0, 50, NoteAndEnd);
+        EXPECT_EQ(menu.Show(Top(), vPOINT(x, 20)), 1);
+        EXPECT_EQ(x < half - half / 3 ? shown.left : shown.right, screen.x()) << x;
+        EXPECT_EQ(shown.top, screen.y());
+    }
 }
 
 }  // namespace

@@ -14,12 +14,32 @@
 
 namespace wintest {
 
+using Lines = std::vector<std::string>;
+
 // Everything the windows under test report, in order: the handler calls of
 // the objects and the watched messages that reach the saved procedure.
-inline std::vector<std::string>& Log()
+inline Lines& Log()
 {
-    static std::vector<std::string> lines;
+    static Lines lines;
     return lines;
+}
+
+inline void Note(const std::string& line) { Log().push_back(line); }
+
+// The lines of the log that contain the part.
+inline Lines Only(const std::string& part)
+{
+    Lines kept;
+    for (const std::string& line : Log())
+        if (line.find(part) != std::string::npos)
+            kept.push_back(line);
+    return kept;
+}
+
+inline std::set<UINT>& Watched()
+{
+    static std::set<UINT> messages;
+    return messages;
 }
 
 // Raises the trace level for a scope, so that lifetime traces are written.
@@ -32,37 +52,20 @@ private:
     unsigned short saved;
 };
 
-inline void Note(const std::string& line)
+inline std::string Text(const vPOINT& p) { return "(" + std::to_string(p.x()) + "," + std::to_string(p.y()) + ")"; }
+inline std::string Text(const vRECT& r)
 {
-    Log().push_back(line);
+    return "(" + std::to_string(r.Left()()) + "," + std::to_string(r.Top()()) + "," + std::to_string(r.Right()()) +
+           "," + std::to_string(r.Bottom()()) + ")";
 }
 
-inline std::set<UINT>& Watched()
+// The window's rectangle in its parent's client coordinates.
+inline std::string Placed(HWND window)
 {
-    static std::set<UINT> messages;
-    return messages;
-}
-
-inline std::string Text(const vPOINT& point)
-{
-    std::ostringstream text;
-    text << "(" << point.x() << "," << point.y() << ")";
-    return text.str();
-}
-
-inline std::string Text(const vRECT& rect)
-{
-    std::ostringstream text;
-    text << "(" << rect.Left()() << "," << rect.Top()() << "," << rect.Right()() << "," << rect.Bottom()() << ")";
-    return text.str();
-}
-
-inline std::string Narrow(const char* wide)
-{
-    std::string text;
-    for (const WCHAR* at = reinterpret_cast<const WCHAR*>(wide); *at; ++at)
-        text += static_cast<char>(*at);
-    return text;
+    RECT box;
+    GetWindowRect(window, &box);
+    MapWindowPoints(nullptr, GetParent(window), reinterpret_cast<POINT*>(&box), 2);
+    return Text(vRECT(box.left, box.top, box.right, box.bottom));
 }
 
 // The class procedure of the recording windows: what the library leaves to
@@ -70,46 +73,44 @@ inline std::string Narrow(const char* wide)
 inline LRESULT CALLBACK RecordingDefault(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
     if (Watched().count(message)) {
-        char name[64] = "";
-        InternalGetWindowText(window, reinterpret_cast<WCHAR*>(name), sizeof name / sizeof(WCHAR));
-        std::ostringstream line;
-        line << Narrow(name) << " default " << message;
-        Note(line.str());
+        WCHAR wide[64] = L"";
+        InternalGetWindowText(window, wide, 64);
+        Note(std::string(wide, wide + lstrlenW(wide)) + " default " + std::to_string(message));
     }
     return DefWindowProcA(window, message, wParam, lParam);
-}
-
-inline void RegisterClass(const char* name, WNDPROC procedure)
-{
-    HINSTANCE instance = vSYSTEM::Pointer()->GetInstance();
-    WNDCLASSA known;
-    if (GetClassInfoA(instance, name, &known))
-        return;
-    WNDCLASSA kind = {};
-    kind.style = CS_DBLCLKS;
-    kind.lpfnWndProc = procedure;
-    kind.hInstance = instance;
-    kind.hbrBackground = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
-    kind.lpszClassName = name;
-    RegisterClassA(&kind);
 }
 
 // "GENERIC" as the application object registers it, and the recording class.
 inline void RegisterClasses()
 {
-    RegisterClass("GENERIC", DefWindowProcA);
-    RegisterClass("ZKRECORD", RecordingDefault);
+    HINSTANCE instance = vSYSTEM::Pointer()->GetInstance();
+    for (auto kind : {std::make_pair("GENERIC", &DefWindowProcA), std::make_pair("ZKRECORD", &RecordingDefault)}) {
+        WNDCLASSA known = {};
+        if (GetClassInfoA(instance, kind.first, &known))
+            continue;
+        known.style = CS_DBLCLKS;
+        known.lpfnWndProc = kind.second;
+        known.hInstance = instance;
+        known.hbrBackground = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
+        known.lpszClassName = kind.first;
+        RegisterClassA(&known);
+    }
 }
 
-// Runs what is queued for the thread.
+// Runs what is queued for the thread, short of a quit.
 inline void Pump()
 {
     MSG message;
-    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE) && message.message != WM_QUIT) {
         TranslateMessage(&message);
         DispatchMessageA(&message);
     }
 }
+
+#define ZK_HEAR(handler) \
+    int handler() override { return Reply(#handler, "", 0); }
+#define ZK_HEAR_AT(handler) \
+    int handler(const vPOINT& at) override { return Reply(#handler, Text(at), 0); }
 
 // A window that records every handler call with its arguments and answers
 // what the test asks of it, or the library's default. It creates its own
@@ -118,150 +119,71 @@ class RECORDER : public vWIN {
 public:
     RECORDER(const vWIN& parent, const vRECT& rect, const std::string& name, vWNDFLAGS style = WF_NONE,
              unsigned short childId = 0)
-        : vWIN(parent, rect, style, static_cast<vCLASSID>(1)), name(name)
-    {
-        lstrcpyA(CreateParams.szClassName, "ZKRECORD");
-        CreateParams.lpszTitle = this->name.c_str();
-        CreateParams.hMenuOrId = reinterpret_cast<HMENU>(static_cast<UINT_PTR>(childId));
-        CreateWin();
-        SetID(childId);
-    }
-
-    // A top-level window of the application, under its frame.
-    RECORDER(const vAPP& app, const vRECT& rect, const std::string& name)
-        : vWIN(app, rect, WF_NONE, static_cast<vCLASSID>(1)), name(name)
-    {
-        lstrcpyA(CreateParams.szClassName, "ZKRECORD");
-        CreateParams.lpszTitle = this->name.c_str();
-        CreateWin();
-    }
-
+        : vWIN(parent, rect, style, static_cast<vCLASSID>(1)), name(name) { Create(childId); SetID(childId); }
     // Adopts a window that exists, binding and subclassing it at once.
     RECORDER(HWND window, const std::string& name) : vWIN(window, vRESID()), name(name)
     {
         BindInstance(window);
         SubClass();
     }
-
     ~RECORDER() override { Note(name + ".~RECORDER"); }
 
     using vWIN::flags;
-    using vWIN::isDragging;
     using vWIN::Instance;
-    using vWIN::pfnOldProc;
+    using vWIN::isDragging;
     using vWIN::pDepends;
-    using vWIN::pParent;
+    using vWIN::pfnOldProc;
     using vWIN::updateFlags;
 
     void Answer(const std::string& handler, int value) { answers[handler] = value; }
     void Reset() { answers.clear(); }
 
-    void UpdateView(const vCTRLID& changed) override { Note(name + ".UpdateView(" + Number(changed) + ")"); }
+    void UpdateView(const vCTRLID& changed) override { Note(name + ".UpdateView(" + std::to_string(changed) + ")"); }
     int vQueryClose() override { return Reply("vQueryClose", "", vWIN::vQueryClose()); }
     int vBorderDrag(vRECT* newRect, vRECT* oldRect) override
     {
         return Reply("vBorderDrag", Text(*newRect) + "," + (oldRect ? Text(*oldRect) : "null"), 1);
     }
-    void Size(const vRECT& rect) override
-    {
-        Note(name + ".Size(" + Text(rect) + ")");
-        vWIN::Size(rect);
-    }
-    vRECT Size() const override { return vWIN::Size(); }
-    void Show(int show) override
-    {
-        Note(name + ".Show(" + Number(show) + ")");
-        vWIN::Show(show);
-    }
+    void Size(const vRECT& rect) override { Note(name + ".Size(" + Text(rect) + ")"), vWIN::Size(rect); }
+    using vWIN::Size;
     int vSize(const vRECT& client) override { return Reply("vSize", Text(client), 0); }
-    int vIconize() override { return Reply("vIconize", "", 0); }
-    int vActivate() override { return Reply("vActivate", "", 0); }
-    int vDeactivate() override { return Reply("vDeactivate", "", 0); }
-    int vCommand(const vCTRLID& id) override { return Reply("vCommand", Number(id), 0); }
-    int vCommandHint(const vCTRLID& id) override { return Reply("vCommandHint", Number(id), 0); }
-    int vTimer(const vRESID& id) override { return Reply("vTimer", Number(id()), 0); }
-    int vSettingChange() override { return Reply("vSettingChange", "", 0); }
-    int vMouseMove(const vPOINT& at) override { return Reply("vMouseMove", Text(at), 0); }
-    int vMouseLeftPress(const vPOINT& at) override { return Reply("vMouseLeftPress", Text(at), 0); }
-    int vMouseLeftRelease(const vPOINT& at) override { return Reply("vMouseLeftRelease", Text(at), 0); }
-    int vMouseMiddlePress(const vPOINT& at) override { return Reply("vMouseMiddlePress", Text(at), 0); }
-    int vMouseMiddleRelease(const vPOINT& at) override { return Reply("vMouseMiddleRelease", Text(at), 0); }
-    int vMouseRightPress(const vPOINT& at) override { return Reply("vMouseRightPress", Text(at), 0); }
-    int vMouseRightRelease(const vPOINT& at) override { return Reply("vMouseRightRelease", Text(at), 0); }
-    int vMouseLeftDoublePress(const vPOINT& at) override { return Reply("vMouseLeftDoublePress", Text(at), 0); }
-    int vMouseMiddleDoublePress(const vPOINT& at) override { return Reply("vMouseMiddleDoublePress", Text(at), 0); }
-    int vMouseRightDoublePress(const vPOINT& at) override { return Reply("vMouseRightDoublePress", Text(at), 0); }
-    int vGetFocus() override { return Reply("vGetFocus", "", 0); }
-    int vReleaseFocus(vWIN* next) override { return Reply("vReleaseFocus", NameOf(next), 0); }
-    int vScrollPageUp() override { return Reply("vScrollPageUp", "", 0); }
-    int vScrollPageDown() override { return Reply("vScrollPageDown", "", 0); }
-    int vScrollPageLeft() override { return Reply("vScrollPageLeft", "", 0); }
-    int vScrollPageRight() override { return Reply("vScrollPageRight", "", 0); }
-    int vScrollIncUp() override { return Reply("vScrollIncUp", "", 0); }
-    int vScrollIncDown() override { return Reply("vScrollIncDown", "", 0); }
-    int vScrollIncLeft() override { return Reply("vScrollIncLeft", "", 0); }
-    int vScrollIncRight() override { return Reply("vScrollIncRight", "", 0); }
-    int vEscapeKey() override { return Reply("vEscapeKey", "", 0); }
-    int vTabKey() override { return Reply("vTabKey", "", 0); }
-    int vBackspaceKey() override { return Reply("vBackspaceKey", "", 0); }
-    int vEnterKey() override { return Reply("vEnterKey", "", 0); }
-    int vInsertKey() override { return Reply("vInsertKey", "", 0); }
-    int vDeleteKey() override { return Reply("vDeleteKey", "", 0); }
-    int vHomeKey() override { return Reply("vHomeKey", "", 0); }
-    int vEndKey() override { return Reply("vEndKey", "", 0); }
-    int vPageUpKey() override { return Reply("vPageUpKey", "", 0); }
-    int vPageDownKey() override { return Reply("vPageDownKey", "", 0); }
-    int vArrowUpKey() override { return Reply("vArrowUpKey", "", 0); }
-    int vArrowDownKey() override { return Reply("vArrowDownKey", "", 0); }
-    int vArrowLeftKey() override { return Reply("vArrowLeftKey", "", 0); }
-    int vArrowRightKey() override { return Reply("vArrowRightKey", "", 0); }
-    int vFunctionKey(unsigned short number) override
-    {
-        return Reply("vFunctionKey", Number(number), vWIN::vFunctionKey(number));
-    }
-    int vCharacterKey(const vCHAR& character) override
-    {
-        return Reply("vCharacterKey", std::string(1, character()), 0);
-    }
-    int vKeyDown() override { return Reply("vKeyDown", "", 0); }
-    int vDragInit(const vPOINT& at) override { return Reply("vDragInit", Text(at), 0); }
-    void vDragFeedback(unsigned char state, const vPOINT& at) override
-    {
-        Reply("vDragFeedback", Number(state) + "," + Text(at), 0);
-    }
-    int vCtrTab() override { return Reply("vCtrTab", "", 0); }
+    int vCommand(const vCTRLID& id) override { return Reply("vCommand", std::to_string(id), 0); }
+    int vCommandHint(const vCTRLID& id) override { return Reply("vCommandHint", std::to_string(id), 0); }
+    int vTimer(const vRESID& id) override { return Reply("vTimer", std::to_string(id()), 0); }
+    int vReleaseFocus(vWIN* next) override { return Reply("vReleaseFocus", next ? Named(next) : "null", 0); }
+    int vFunctionKey(unsigned short n) override { return Reply("vFunctionKey", std::to_string(n), vWIN::vFunctionKey(n)); }
+    int vCharacterKey(const vCHAR& c) override { return Reply("vCharacterKey", std::string(1, c()), 0); }
+    void vDragFeedback(unsigned char state, const vPOINT& at) override { Reply("vDragFeedback", std::to_string(state) + "," + Text(at), 0); }
     int vDraw(const vRECT& area) override { return Reply("vDraw", Text(area), 0); }
+    ZK_HEAR(vIconize) ZK_HEAR(vActivate) ZK_HEAR(vDeactivate) ZK_HEAR(vSettingChange) ZK_HEAR(vGetFocus)
+    ZK_HEAR(vScrollPageUp) ZK_HEAR(vScrollPageDown) ZK_HEAR(vScrollPageLeft) ZK_HEAR(vScrollPageRight)
+    ZK_HEAR(vScrollIncUp) ZK_HEAR(vScrollIncDown) ZK_HEAR(vScrollIncLeft) ZK_HEAR(vScrollIncRight)
+    ZK_HEAR(vEscapeKey) ZK_HEAR(vTabKey) ZK_HEAR(vBackspaceKey) ZK_HEAR(vEnterKey) ZK_HEAR(vInsertKey)
+    ZK_HEAR(vDeleteKey) ZK_HEAR(vHomeKey) ZK_HEAR(vEndKey) ZK_HEAR(vPageUpKey) ZK_HEAR(vPageDownKey)
+    ZK_HEAR(vArrowUpKey) ZK_HEAR(vArrowDownKey) ZK_HEAR(vArrowLeftKey) ZK_HEAR(vArrowRightKey) ZK_HEAR(vKeyDown)
+    ZK_HEAR(vCtrTab)
+    ZK_HEAR_AT(vMouseMove) ZK_HEAR_AT(vMouseLeftPress) ZK_HEAR_AT(vMouseLeftRelease) ZK_HEAR_AT(vMouseMiddlePress)
+    ZK_HEAR_AT(vMouseMiddleRelease) ZK_HEAR_AT(vMouseRightPress) ZK_HEAR_AT(vMouseRightRelease)
+    ZK_HEAR_AT(vMouseLeftDoublePress) ZK_HEAR_AT(vMouseMiddleDoublePress) ZK_HEAR_AT(vMouseRightDoublePress)
 
-protected:
-    int vEraseBkg() override
-    {
-        Note(name + ".vEraseBkg()");
-        return vWIN::vEraseBkg();
-    }
-
-public:
     std::string name;
 
+protected:
+    int vEraseBkg() override { return Note(name + ".vEraseBkg()"), vWIN::vEraseBkg(); }
+
 private:
-    template <typename NUMBER>
-    static std::string Number(NUMBER value)
+    static std::string Named(vWIN* win) { return dynamic_cast<RECORDER*>(win) ? static_cast<RECORDER*>(win)->name : "?"; }
+    void Create(unsigned short childId)
     {
-        std::ostringstream text;
-        text << static_cast<long>(value);
-        return text.str();
+        lstrcpyA(CreateParams.szClassName, "ZKRECORD");
+        CreateParams.lpszTitle = name.c_str();
+        CreateParams.hMenuOrId = reinterpret_cast<HMENU>(static_cast<UINT_PTR>(childId));
+        CreateWin();
     }
-
-    static std::string NameOf(vWIN* win)
-    {
-        RECORDER* recorder = dynamic_cast<RECORDER*>(win);
-        return recorder ? recorder->name : win ? "?" : "null";
-    }
-
     int Reply(const std::string& handler, const std::string& arguments, int fallback)
     {
         Note(name + "." + handler + "(" + arguments + ")");
-        auto answer = answers.find(handler);
-        return answer == answers.end() ? fallback : answer->second;
+        return answers.count(handler) ? answers[handler] : fallback;
     }
 
     std::map<std::string, int> answers;
@@ -274,11 +196,10 @@ inline RECORDER& SharedTop()
 {
     alignas(RECORDER) static unsigned char storage[sizeof(RECORDER)];
     static RECORDER* top = nullptr;
-    if (!top) {
-        HWND window = CreateWindowExA(0, "ZKRECORD", "top", WS_POPUP, 100, 100, 400, 300, nullptr, nullptr,
-                                      vSYSTEM::Pointer()->GetInstance(), nullptr);
-        top = ::new (storage) RECORDER(window, "top");
-    }
+    if (!top)
+        top = ::new (storage) RECORDER(CreateWindowExA(0, "ZKRECORD", "top", WS_POPUP, 100, 100, 400, 300, nullptr,
+                                                       nullptr, vSYSTEM::Pointer()->GetInstance(), nullptr),
+                                       "top");
     return *top;
 }
 
