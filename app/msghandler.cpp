@@ -239,13 +239,47 @@ int vWIN::DoLButtonUp(WPARAM, LPARAM lParam)
     return vMouseLeftRelease(PointOf(lParam));
 }
 
-void vWIN::DoCommand(WPARAM wParam, LPARAM)
+void vWIN::DoCommand(WPARAM wParam, LPARAM lParam)
 {
     vCTRLID control(LOWORD(wParam));
     vWIN* child = control ? BoundChild(hWnd, control) : nullptr;
-    if (child)
+    if (child) {
+        if (!PassesSelection(*child, HIWORD(wParam), lParam))
+            return;
         child->NotifyPeerControls(control);
+    }
     vCommand(vCTRLID(wParam));
+}
+
+// Of a list's notifications only the change of selection goes on, and the
+// list hears of it first. Every other control's notification goes on as it is.
+int vWIN::PassesSelection(vWIN& child, unsigned short code, LPARAM lParam)
+{
+    UINT ask = 0;
+    HWND list = child.hWnd;
+    switch (child.GetClassID()) {
+    case CLASSID_LISTBOX:
+        if (code != LBN_SELCHANGE)
+            return 0;
+        // The style asked is this window's, not the list's, and that is kept:
+        // a parent made with the multiple-selection bit reads the caret.
+        ask = GetWindowLongA(hWnd, GWL_STYLE) & LBS_MULTIPLESEL ? LB_GETCARETINDEX : LB_GETCURSEL;
+        break;
+    case CLASSID_DROPLISTBOX:
+        if (code != CBN_SELENDOK)
+            return 0;
+        // The list's message, which a combo box does not know: the index
+        // reported is always 0, and that is kept for the programs that count
+        // on it. A drop-down list that needs its index reads it itself.
+        ask = LB_GETCURSEL;
+        list = reinterpret_cast<HWND>(lParam);
+        break;
+    default:
+        return 1;
+    }
+    LRESULT index = SendMessageA(list, ask, 0, 0);
+    static_cast<vLISTBOX&>(child).vSelectionChange(static_cast<unsigned short>(index));
+    return 1;
 }
 
 // Owner-drawn items go to the control that owns them; a child that is no

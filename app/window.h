@@ -374,6 +374,7 @@ private:
     int WalkKin(VISIT visit);
 
     int DispatchRegistered(unsigned int message, WPARAM wParam, LRESULT& result);
+    int PassesSelection(vWIN& child, unsigned short code, LPARAM lParam);
     int DoClose();
     int DoSetCursor();
     void ClaimPointer();

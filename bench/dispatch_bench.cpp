@@ -118,11 +118,15 @@ void WindowLife(const vAPP& app)
 
 }  // namespace
 
+void BenchListBoxes(const vAPP& app, HWND frame);
+
+// The window rows share one application object.
 void BenchDispatch()
 {
     BENCHAPP* app = new BENCHAPP;
     HWND frame = vSYSTEM::GetFrameWindow();
     Dispatch(*app, frame);
     WindowLife(*app);
+    BenchListBoxes(*app, frame);
     DestroyWindow(frame);
 }

@@ -77,3 +77,4 @@ private:
 #include "controls/button.h"
 #include "controls/bitbut.h"
 #include "controls/repeatkey.h"
+#include "controls/listbox.h"

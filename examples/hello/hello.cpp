@@ -157,6 +157,8 @@ public:
         return 1;
     }
 
+    ~SKETCH() override;
+
     int vMouseLeftPress(const vPOINT& point) override { return MoveMarker(point); }
     int vArrowLeftKey() override { return MoveMarker(marker - At(10, 0)); }
     int vArrowRightKey() override { return MoveMarker(marker + At(10, 0)); }
@@ -223,6 +225,89 @@ private:
     const DETAILS_DATA& details;
 };
 
+// The open sketches, one item each with a swatch of its own colour: choosing
+// one brings it to the front.
+class SKETCHES : public vDOCWIN {
+public:
+    explicit SKETCHES(const vAPP& app)
+        : vDOCWIN(app, Box(0, 0, 240, 300), vSTRING("Sketches"), WF_SIZING, CF_SYSMENU), list(new CHOOSER(*this))
+    {
+        shown = this;
+        vSize(ClientSize());
+    }
+
+    ~SKETCHES() override { shown = nullptr; }
+
+    int vSize(const vRECT& client) override
+    {
+        if (list)
+            list->Size(client);
+        return 1;
+    }
+
+    void Add(vDOCWIN& sketch, const vSTRING& title) { list->Append(title, &sketch); }
+    void Drop(vDOCWIN& sketch) { list->Remove(sketch, 1); }
+
+    // Chooses as a click would: the selection moves and its sketch comes up.
+    void Choose(unsigned short index)
+    {
+        list->Select(index, 1);
+        list->vSelectionChange(index);
+    }
+
+    static SKETCHES* shown;
+
+private:
+    class CHOOSER : public vLISTBOX {
+    public:
+        explicit CHOOSER(const vWIN& parent) : vLISTBOX(parent, vCTRLID(1), 0, vSIZE(0, 24), Box(0, 0, 240, 300))
+        {
+            Show();
+        }
+
+        void vSelectionChange(unsigned short index) override
+        {
+            if (vDOCWIN* sketch = static_cast<vDOCWIN*>(GetData(index)))
+                sketch->Activate();
+        }
+
+        int vDrawNormal(unsigned short index, const vSTRING& text, const vRECT& rect) override
+        {
+            return Swatch(index, rect) && vLISTBOX::vDrawNormal(index, text, Beside(rect));
+        }
+
+        int vDrawSelected(unsigned short index, const vSTRING& text, const vRECT& rect) override
+        {
+            return vLISTBOX::vDrawSelected(index, vSTRING(), rect) && Swatch(index, rect) &&
+                   vLISTBOX::vDrawSelected(index, text, Beside(rect));
+        }
+
+    private:
+        int Swatch(unsigned short index, const vRECT& rect)
+        {
+            static const vCOLOUR colours[] = {sun, grass, brick, sky};
+            LineSpec(Line(ink, 1));
+            FillSpec(Fill(vFILL_SOLID, colours[index % 4]));
+            return DrawRect(vRECT(rect.Left() + 4, rect.Top() + 4, rect.Left() + 20, rect.Bottom() - 4));
+        }
+
+        static vRECT Beside(const vRECT& rect)
+        {
+            return vRECT(rect.Left() + 28, rect.Top() + 4, rect.Right(), rect.Bottom());
+        }
+    };
+
+    CHOOSER* list = nullptr;
+};
+
+SKETCHES* SKETCHES::shown = nullptr;
+
+SKETCH::~SKETCH()
+{
+    if (SKETCHES::shown)
+        SKETCHES::shown->Drop(*this);
+}
+
 namespace {
 
 const unsigned short CMD_NEW = 201;
@@ -249,6 +334,8 @@ public:
         vSTRING title("Sketch %d", ++opened);
         SKETCH* sketch = new SKETCH(*this, title, details, opened);
         sketch->Show();
+        if (SKETCHES::shown)
+            SKETCHES::shown->Add(*sketch, title);
         return 1;
     }
 
@@ -365,6 +452,7 @@ void CALLBACK TakeScreenshot(HWND, UINT, UINT_PTR timer, DWORD)
     for (int n = 0; n < 3; ++n)
         SendMessageA(frame, WM_COMMAND, CMD_NEW, 0);
     SendMessageA(frame, WM_COMMAND, MENU_COLUMNS, 0);
+    SKETCHES::shown->Choose(2);
     SetTimer(nullptr, 0, 500, FillInDetails);
     SendMessageA(frame, WM_COMMAND, CMD_DETAILS, 0);
     RedrawWindow(frame, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN | RDW_FRAME);
@@ -387,6 +475,7 @@ vAPP* vMain()
     hello = new HELLO;
     hello->Build();
     hello->Show();
+    (new SKETCHES(*hello))->Show();
     hello->vNewWindow();
     screenshot = ScreenshotPath(hello->GetSetCommand(vSTRING()));
     if (!screenshot.empty())
