@@ -1,29 +1,10 @@
-#include <string>
-#include <vector>
+#include "controls/listtest.h"
 
-#include "app/recorder.h"
-#include "controls/control.h"
-
-using wintest::Log;
-using wintest::Note;
-using Lines = std::vector<std::string>;
+using namespace listtest;
 
 namespace {
 
 const unsigned short DropId = 41;
-
-class PARENT : public wintest::RECORDER {
-public:
-    PARENT(const vWIN& parent, const vRECT& rect) : RECORDER(parent, rect, "parent") {}
-
-protected:
-    int MsgHandler(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result) override
-    {
-        if (message == WM_COMMAND && HIWORD(wParam) == CBN_SELENDOK)
-            Note("parent.CBN_SELENDOK(" + std::to_string(LOWORD(wParam)) + ")");
-        return RECORDER::MsgHandler(message, wParam, lParam, result);
-    }
-};
 
 class DROP : public vDROPLISTBOX {
 public:
@@ -42,26 +23,6 @@ public:
     HWND Handle() const { return hWnd; }
 };
 
-void Settle()
-{
-    for (int i = 0; i < 10; ++i) {
-        Sleep(10);
-        wintest::Pump();
-    }
-}
-
-void ClickOnScreen(POINT at)
-{
-    SetCursorPos(at.x, at.y);
-    for (DWORD flags : {MOUSEEVENTF_MOVE, MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP}) {
-        INPUT input = {};
-        input.type = INPUT_MOUSE;
-        input.mi.dwFlags = flags;
-        SendInput(1, &input, sizeof input);
-        Settle();
-    }
-}
-
 int Height(HWND window)
 {
     RECT box;
@@ -69,25 +30,7 @@ int Height(HWND window)
     return box.bottom - box.top;
 }
 
-class ComboBox : public wintest::WindowTest {
-protected:
-    void SetUp() override
-    {
-        WindowTest::SetUp();
-        parent = new PARENT(Top(), vRECT(0, 0, 300, 200));
-        ShowWindow((*parent)(), SW_SHOW);
-        Settle();
-    }
-
-    void TearDown() override
-    {
-        DestroyWindow((*parent)());
-        Settle();
-        WindowTest::TearDown();
-    }
-
-    PARENT* parent = nullptr;
-};
+using ComboBox = ListTest;
 
 TEST_F(ComboBox, ADropListIsAnOwnerDrawnDropDownListOfStrings)
 {
@@ -153,20 +96,16 @@ TEST_F(ComboBox, AClickDropsTheListAndAChoiceClosesIt)
     Settle();
     POINT field = {60, 8};
     ClientToScreen(drop->Handle(), &field);
-    ClickOnScreen(field);
+    Click(field);
     EXPECT_TRUE(SendMessageA(drop->Handle(), CB_GETDROPPEDSTATE, 0, 0));
     RECT box;
     GetWindowRect(drop->Handle(), &box);
     Log().clear();
-    ClickOnScreen(POINT{box.left + 50, box.bottom + 1 + 16 * 2 + 8});
+    Click(POINT{box.left + 50, box.bottom + 1 + 16 * 2 + 8});
     EXPECT_FALSE(SendMessageA(drop->Handle(), CB_GETDROPPEDSTATE, 0, 0));
     EXPECT_EQ(SendMessageA(drop->Handle(), CB_GETCURSEL, 0, 0), 2);
-    Lines kept;
-    for (const std::string& line : Log())
-        if (line.find("CBN_SELENDOK") != std::string::npos || line.rfind("drop.", 0) == 0 ||
-            line.rfind("parent.vCommand(", 0) == 0)
-            kept.push_back(line);
-    EXPECT_EQ(kept, (Lines{"parent.CBN_SELENDOK(41)", "drop.vSelectionChange(0)", "parent.vCommand(41)"}));
+    EXPECT_EQ(Taken({"parent.WM_COMMAND(41,9)", "drop.", "parent.vCommand("}),
+              (Lines{"parent.WM_COMMAND(41,9)", "drop.vSelectionChange(0)", "parent.vCommand(41)"}));
     drop->DropDown();
     EXPECT_TRUE(SendMessageA(drop->Handle(), CB_GETDROPPEDSTATE, 0, 0));
     drop->CloseUp();

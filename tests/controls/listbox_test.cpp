@@ -1,33 +1,12 @@
 #include <algorithm>
-#include <string>
-#include <vector>
 
-#include "app/recorder.h"
-#include "controls/control.h"
-#include "examples/hello/png.h"
-#include "support/systemaccess.h"
+#include "controls/listtest.h"
 
-using wintest::Log;
-using wintest::Note;
-using Lines = std::vector<std::string>;
+using namespace listtest;
 
 namespace {
 
 const unsigned short ListId = 40;
-
-// The true parent: it notes every command with its code as it arrives.
-class PARENT : public wintest::RECORDER {
-public:
-    PARENT(const vWIN& parent, const vRECT& rect) : RECORDER(parent, rect, "parent") {}
-
-protected:
-    int MsgHandler(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result) override
-    {
-        if (message == WM_COMMAND)
-            Note("parent.WM_COMMAND(" + std::to_string(LOWORD(wParam)) + "," + std::to_string(HIWORD(wParam)) + ")");
-        return RECORDER::MsgHandler(message, wParam, lParam, result);
-    }
-};
 
 // A list that notes the selection hooks the library calls.
 class LIST : public vLISTBOX {
@@ -53,67 +32,16 @@ public:
     HWND Handle() const { return hWnd; }
 };
 
-// The window loop's part that the tests play: key messages feed the
-// keyboard state that a press reads.
-void Pump()
-{
-    MSG message;
-    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
-        if (message.message == WM_KEYDOWN)
-            vSYSTEMACCESS::KeyEvent(WM_KEYDOWN, static_cast<unsigned short>(message.wParam), message.lParam);
-        TranslateMessage(&message);
-        DispatchMessageA(&message);
-        if (message.message == WM_KEYUP)
-            vSYSTEMACCESS::KeyReset();
-    }
-}
+const std::vector<std::string> Reporters = {"list.", "parent.WM_COMMAND(", "parent.vCommand("};
 
-void Settle()
-{
-    for (int i = 0; i < 10; ++i) {
-        Sleep(10);
-        Pump();
-    }
-}
-
-void Input(INPUT input)
-{
-    SendInput(1, &input, sizeof input);
-    Settle();
-}
-
-void Key(WORD key, bool down)
-{
-    INPUT input = {};
-    input.type = INPUT_KEYBOARD;
-    input.ki.wVk = key;
-    input.ki.dwFlags = down ? 0 : KEYEVENTF_KEYUP;
-    Input(input);
-}
-
-void Button(DWORD flags)
-{
-    INPUT input = {};
-    input.type = INPUT_MOUSE;
-    input.mi.dwFlags = flags;
-    Input(input);
-}
-
-// A real click in the middle of an item, with the keys given held.
-void ClickItem(LIST& list, int index, std::vector<WORD> held = {})
+// A real click in the middle of an item.
+void ClickItem(LIST& list, int index, const std::vector<WORD>& held = {})
 {
     RECT item = {};
     SendMessageA(list.Handle(), LB_GETITEMRECT, index, reinterpret_cast<LPARAM>(&item));
     POINT at = {(item.left + item.right) / 2, (item.top + item.bottom) / 2};
     ClientToScreen(list.Handle(), &at);
-    SetCursorPos(at.x, at.y);
-    Button(MOUSEEVENTF_MOVE);
-    for (WORD key : held)
-        Key(key, true);
-    Button(MOUSEEVENTF_LEFTDOWN);
-    Button(MOUSEEVENTF_LEFTUP);
-    for (WORD key : held)
-        Key(key, false);
+    Click(at, held);
 }
 
 Lines Selected(LIST& list)
@@ -125,80 +53,26 @@ Lines Selected(LIST& list)
     return items;
 }
 
-Lines Reports()
-{
-    Lines kept;
-    for (const std::string& line : Log())
-        if (line.rfind("list.", 0) == 0 || line.rfind("parent.WM_COMMAND(", 0) == 0 ||
-            line.rfind("parent.vCommand(", 0) == 0)
-            kept.push_back(line);
-    Log().clear();
-    return kept;
-}
-
-// Rows of a picture, for a person to look at: pngs/<name>.png.
-void Save(const std::vector<COLORREF>& bits, int width, int top, int rows, const std::string& name)
-{
-    CreateDirectoryA("pngs", nullptr);
-    std::vector<COLORREF> opaque(bits.begin() + top * width, bits.begin() + (top + rows) * width);
-    for (COLORREF& pixel : opaque)
-        pixel |= 0xFF000000;
-    WritePng(("pngs/" + name + ".png").c_str(), reinterpret_cast<unsigned char*>(opaque.data()), width, rows);
-}
-
-// The client area of a shown window as it is on the screen.
-std::vector<COLORREF> Shot(HWND window)
+// Rows of a shown window as they are on the screen.
+zktest::Pixels Rows(HWND window, int top, int rows)
 {
     RECT client;
     GetClientRect(window, &client);
-    HDC screen = GetDC(window);
-    HDC memory = CreateCompatibleDC(screen);
-    HBITMAP bitmap = CreateCompatibleBitmap(screen, client.right, client.bottom);
-    HGDIOBJ old = SelectObject(memory, bitmap);
-    BitBlt(memory, 0, 0, client.right, client.bottom, screen, 0, 0, SRCCOPY);
+    HDC from = GetDC(window);
+    HDC memory = CreateCompatibleDC(from);
+    HBITMAP copy = CreateCompatibleBitmap(from, client.right, rows);
+    HGDIOBJ old = SelectObject(memory, copy);
+    BitBlt(memory, 0, 0, client.right, rows, from, 0, top, SRCCOPY);
     SelectObject(memory, old);
-    BITMAPINFO info = {};
-    info.bmiHeader.biSize = sizeof(BITMAPINFOHEADER);
-    info.bmiHeader.biWidth = client.right;
-    info.bmiHeader.biHeight = -client.bottom;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    std::vector<COLORREF> bits(client.right * client.bottom);
-    GetDIBits(memory, bitmap, 0, client.bottom, bits.data(), &info, DIB_RGB_COLORS);
-    DeleteObject(bitmap);
+    zktest::Pixels shot(copy, client.right, rows);
+    DeleteObject(copy);
     DeleteDC(memory);
-    ReleaseDC(window, screen);
-    return bits;
+    ReleaseDC(window, from);
+    return shot;
 }
 
-DRAWITEMSTRUCT& Item(UINT index)
-{
-    static DRAWITEMSTRUCT item;
-    item = {};
-    item.CtlType = ODT_LISTBOX;
-    item.CtlID = ListId;
-    item.itemID = index;
-    item.itemAction = ODA_DRAWENTIRE;
-    return item;
-}
-
-class ListBox : public wintest::WindowTest {
+class ListBox : public ListTest {
 protected:
-    void SetUp() override
-    {
-        WindowTest::SetUp();
-        parent = new PARENT(Top(), vRECT(0, 0, 300, 200));
-        ShowWindow((*parent)(), SW_SHOW);
-        Settle();
-    }
-
-    void TearDown() override
-    {
-        DestroyWindow((*parent)());
-        Settle();
-        WindowTest::TearDown();
-    }
-
     LIST* Filled(unsigned short form, std::vector<const char*> items = {"alpha", "beta", "gamma", "delta"})
     {
         LIST* list = new LIST(*parent, form);
@@ -210,8 +84,6 @@ protected:
         Log().clear();
         return list;
     }
-
-    PARENT* parent = nullptr;
 };
 
 TEST_F(ListBox, TheFlagWordChoosesThePlatformStyle)
@@ -292,19 +164,16 @@ TEST_F(ListBox, SortingFollowsThePlatformAndCompareAnswersBySign)
     LIST* list = Filled(LBF_SORTED, {"pear", "Apple", "fig"});
     EXPECT_STREQ((*list)[0](), "Apple");
     EXPECT_STREQ((*list)[2](), "pear");
-    EXPECT_EQ(list->vCompare(vSTRING("a"), vSTRING("b")), -1);
-    EXPECT_EQ(list->vCompare(vSTRING("b"), vSTRING("a")), 1);
-    EXPECT_EQ(list->vCompare(vSTRING("a"), vSTRING("a")), 0);
-    COMPAREITEMSTRUCT compare = {};
-    compare.CtlType = ODT_LISTBOX;
-    compare.CtlID = ListId;
-    compare.itemData1 = reinterpret_cast<ULONG_PTR>("fig");
-    compare.itemData2 = reinterpret_cast<ULONG_PTR>("date");
-    EXPECT_EQ(SendMessageA((*parent)(), WM_COMPAREITEM, ListId, reinterpret_cast<LPARAM>(&compare)), 1);
+    const struct {
+        const char *first, *second;
+        short answer;
+    } rows[] = {{"a", "b", -1}, {"b", "a", 1}, {"a", "a", 0}};
+    for (const auto& row : rows)
+        EXPECT_EQ(list->vCompare(vSTRING(row.first), vSTRING(row.second)), row.answer) << row.first << row.second;
 }
 
 // Each state drawn: item 0 plain, item 1 selected, item 2 selected with the
-// focus frame on it.
+// focus frame on it. An empty list is not painted at all.
 TEST_F(ListBox, ItemsAreDrawnPlainSelectedAndFocused)
 {
     LIST* list = Filled(LBF_MULTIPLESEL);
@@ -314,39 +183,28 @@ TEST_F(ListBox, ItemsAreDrawnPlainSelectedAndFocused)
     InvalidateRect(list->Handle(), nullptr, TRUE);
     UpdateWindow(list->Handle());
     Settle();
-    std::vector<COLORREF> shot = Shot(list->Handle());
+    const COLORREF highlight = GetSysColor(COLOR_HIGHLIGHT);
+    const char* names[] = {"listbox-normal", "listbox-selected", "listbox-selected-focused"};
+    const COLORREF background[] = {GetSysColor(COLOR_WINDOW), highlight, highlight};
+    for (int item = 0; item < 3; ++item) {
+        zktest::Pixels shot = Rows(list->Handle(), 18 * item, 18);
+        shot.Save(names[item]);
+        EXPECT_EQ(shot.At(100, 9), background[item]) << names[item];
+        EXPECT_GT(shot.Count(GetSysColor(COLOR_WINDOWTEXT)), 10) << names[item] << ": the text";
+    }
     RECT client;
     GetClientRect(list->Handle(), &client);
-    Save(shot, client.right, 0, 18, "listbox-normal");
-    Save(shot, client.right, 18, 18, "listbox-selected");
-    Save(shot, client.right, 36, 18, "listbox-selected-focused");
-    auto at = [&](int x, int y) {
-        COLORREF pixel = shot[y * client.right + x];
-        return RGB(GetBValue(pixel), GetGValue(pixel), GetRValue(pixel));
-    };
-    const COLORREF highlight = GetSysColor(COLOR_HIGHLIGHT);
-    EXPECT_EQ(at(100, 9), GetSysColor(COLOR_WINDOW)) << "a plain item keeps the window colour";
-    EXPECT_EQ(at(100, 27), highlight);
-    int frame = 0;
-    for (int x = 0; x < client.right; ++x)
-        frame += at(x, 36) != highlight;
-    EXPECT_GT(frame, 10) << "the focus frame runs round the focused item";
-    EXPECT_EQ(at(100, 45), highlight);
-    int ink = 0;
-    for (int x = 0; x < 60; ++x)
-        for (int y = 0; y < 18; ++y)
-            ink += at(x, y) == GetSysColor(COLOR_WINDOWTEXT);
-    EXPECT_GT(ink, 10) << "the plain item's text is drawn in the text colour";
-    EXPECT_EQ(list->ccPaint(&Item(0xFFFF)), 0);
-}
-
-TEST_F(ListBox, AnEmptyListIsNotPainted)
-{
-    LIST* list = Filled(0, {});
+    EXPECT_GT(client.right - Rows(list->Handle(), 36, 1).Count(highlight), 10) << "the focus frame";
+    DRAWITEMSTRUCT none = {};
+    none.itemID = 0xFFFF;
+    none.itemAction = ODA_DRAWENTIRE;
+    EXPECT_EQ(list->ccPaint(&none), 0);
+    list->RemoveAll();
+    none.itemID = 0;
+    EXPECT_EQ(list->ccPaint(&none), 0);
     InvalidateRect(list->Handle(), nullptr, TRUE);
     SendMessageA(list->Handle(), WM_PAINT, 0, 0);
     EXPECT_FALSE(GetUpdateRect(list->Handle(), nullptr, FALSE));
-    EXPECT_EQ(list->ccPaint(&Item(0)), 0);
 }
 
 // A list without the drag form leaves the mouse and keys to the platform,
@@ -359,14 +217,14 @@ TEST_F(ListBox, ThePlatformSelectsAndTheListHearsFirst)
     Key(VK_DOWN, false);
     Key('B', true);
     Key('B', false);
-    EXPECT_EQ(Reports(), (Lines{"parent.WM_COMMAND(40,1)", "list.vSelectionChange(2)", "parent.vCommand(40)",
+    EXPECT_EQ(Taken(Reporters), (Lines{"parent.WM_COMMAND(40,1)", "list.vSelectionChange(2)", "parent.vCommand(40)",
                                 "parent.WM_COMMAND(40,1)", "list.vSelectionChange(3)", "parent.vCommand(40)",
                                 "parent.WM_COMMAND(40,1)", "list.vSelectionChange(1)", "parent.vCommand(40)"}));
     // Off the item under the caret the platform has the double click, and
     // its notification stops before vCommand.
     SendMessageA(list->Handle(), WM_LBUTTONDBLCLK, 0, MAKELPARAM(20, 110));
     SendMessageA(list->Handle(), WM_LBUTTONDBLCLK, 0, MAKELPARAM(20, 27));
-    EXPECT_EQ(Reports(), (Lines{"parent.WM_COMMAND(40,2)", "list.vSelectionDoubleClick(1)"}));
+    EXPECT_EQ(Taken(Reporters), (Lines{"parent.WM_COMMAND(40,2)", "list.vSelectionDoubleClick(1)"}));
 }
 
 // In a drag list the press on a selection keeps it for a drag; the release
@@ -399,7 +257,7 @@ TEST_F(ListBox, ADragListFinishesTheSelectionAtTheRelease)
         Log().clear();
         ClickItem(*list, row.item, row.held);
         EXPECT_EQ(Selected(*list), row.after);
-        EXPECT_EQ(Reports(), row.reports);
+        EXPECT_EQ(Taken(Reporters), row.reports);
         EXPECT_EQ(vWIN::rectDragHotZone, vRECT(0, 0, 0, 0));
         DestroyWindow(list->Handle());
     }
@@ -416,7 +274,8 @@ TEST_F(ListBox, AFakeParentPassesTheListsReportsOnWithTheSameIdentifier)
     EXPECT_TRUE(GetWindowLongA(list->Handle(), GWL_EXSTYLE) & WS_EX_ACCEPTFILES);
     EXPECT_EQ(list->Parent(), parent);
     ClickItem(*list, 1);
-    EXPECT_EQ(Reports(), (Lines{"list.vSelectionChange(1)", "parent.WM_COMMAND(40,1)", "parent.vCommand(40)"}));
+    EXPECT_EQ(Taken(Reporters),
+              (Lines{"list.vSelectionChange(1)", "parent.WM_COMMAND(40,1)", "parent.vCommand(40)"}));
     EXPECT_NE(std::find(trace.Lines().begin(), trace.Lines().end(), "Trace: fake parent = message"),
               trace.Lines().end());
     list->Size(vRECT(20, 30, 120, 90));
