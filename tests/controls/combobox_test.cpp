@@ -23,13 +23,6 @@ public:
     HWND Handle() const { return hWnd; }
 };
 
-int Height(HWND window)
-{
-    RECT box;
-    GetWindowRect(window, &box);
-    return box.bottom - box.top;
-}
-
 using ComboBox = ListTest;
 
 TEST_F(ComboBox, ADropListIsAnOwnerDrawnDropDownListOfStrings)
@@ -39,9 +32,6 @@ TEST_F(ComboBox, ADropListIsAnOwnerDrawnDropDownListOfStrings)
     // The scroll bar is asked for too; it belongs to the dropped list.
     const DWORD made = CBS_HASSTRINGS | CBS_OWNERDRAWFIXED | CBS_DROPDOWNLIST | CBS_SORT;
     EXPECT_EQ(style & made, made);
-    char name[16];
-    GetClassNameA(drop->Handle(), name, sizeof name);
-    EXPECT_STREQ(name, "ComboBox");
     for (const char* item : {"pear", "apple", "fig"})
         drop->Append(vSTRING("%s", item), nullptr);
     EXPECT_STREQ((*drop)[0](), "apple");
@@ -56,13 +46,11 @@ TEST_F(ComboBox, ADropListIsAnOwnerDrawnDropDownListOfStrings)
 TEST_F(ComboBox, DropRowsSetTheLengthOfTheDroppedList)
 {
     DROP* drop = new DROP(*parent, 0, 0);
-    int field = Height(drop->Handle());
     for (int call = 0; call < 2; ++call) {
         drop->NoDropRows(5);
         RECT dropped;
         SendMessageA(drop->Handle(), CB_GETDROPPEDCONTROLRECT, 0, reinterpret_cast<LPARAM>(&dropped));
         EXPECT_EQ(dropped.bottom - dropped.top, 5 * 16 + 1);
-        EXPECT_EQ(Height(drop->Handle()), field);
     }
     EXPECT_EQ(drop->NoDropRows(), 5);
 }
