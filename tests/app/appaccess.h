@@ -27,7 +27,6 @@ struct vAPPACCESS {
     static HMENU Parent(const vMENU& menu) { return menu.hParentMenu; }
     static short Fixed(const vMENU& menu) { return menu.nFixed; }
     static void Fixed(vMENU& menu, short count) { menu.nFixed = count; }
-
 };
 
 // A pointer's private state and the one operation that only windows call.
@@ -54,9 +53,7 @@ using wintest::Pump;
 inline void End(HWND frame)
 {
     DestroyWindow(frame);
-    MSG msg;
-    while (PeekMessageA(&msg, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE)) {
-    }
+    for (MSG msg; PeekMessageA(&msg, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);) {}
 }
 
 // The platform's items of a menu, each as its identifier and label, with a
@@ -67,13 +64,10 @@ inline std::vector<std::string> Items(HMENU menu)
     for (int pos = 0; pos < GetMenuItemCount(menu); ++pos) {
         char label[128] = {};
         GetMenuStringA(menu, pos, label, sizeof label, MF_BYPOSITION);
-        UINT state = GetMenuState(menu, pos, MF_BYPOSITION);
-        if (GetSubMenu(menu, pos))
-            items.push_back(std::string("popup:") + label);
-        else if (state & MF_SEPARATOR)
-            items.push_back("-");
-        else
-            items.push_back(std::to_string(GetMenuItemID(menu, pos)) + " " + label);
+        bool separator = GetMenuState(menu, pos, MF_BYPOSITION) & MF_SEPARATOR;
+        items.push_back(GetSubMenu(menu, pos) ? std::string("popup:") + label
+                        : separator           ? "-"
+                                              : std::to_string(GetMenuItemID(menu, pos)) + " " + label);
     }
     return items;
 }
@@ -84,9 +78,7 @@ class FrameTest : public wintest::WindowTest {
 protected:
     void SetUp() override
     {
-        WindowTest::SetUp();
-        app = new vAPP(vSTRING("ZkTestFrame"), vSTRING("frame"), 0);
-        frame = vAPPACCESS::Frame(*app);
+        WindowTest::SetUp(), app = new vAPP(vSTRING("ZkTestFrame"), vSTRING("frame"), 0), frame = vAPPACCESS::Frame(*app);
     }
 
     void TearDown() override { End(frame); WindowTest::TearDown(); }

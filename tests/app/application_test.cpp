@@ -21,21 +21,16 @@ public:
         return Hear("vCommand " + std::to_string(id) + (code ? " key " + std::to_string(code) : ""));
     }
     int vCommandHint(const vCTRLID& id, const vMENU& menu) override
-    {
-        return Hear("vCommandHint " + std::to_string(id) + (vAPPACCESS::Handle(menu) == hint ? " menu" : " other"));
-    }
+    { return Hear("vCommandHint " + std::to_string(id) + (vAPPACCESS::Handle(menu) == hint ? " menu" : " other")); }
     int vActivate() override { return Hear("vActivate"); }
     int vSettingChange() override { return Hear("vSettingChange"); }
 
     std::map<std::string, int> answers;
     HMENU hint = nullptr;
-
-private:
     int Hear(const std::string& call, int fallback = 0)
     {
-        Note(call);
         std::string name = call.substr(0, call.find(' '));
-        return answers.count(name) ? answers[name] : fallback;
+        return Note(call), answers.count(name) ? answers[name] : fallback;
     }
 };
 
@@ -43,22 +38,13 @@ class ApplicationTest : public WindowTest {
 protected:
     void Make(int mdi = 0) { app = new APPRECORDER(mdi); frame = vAPPACCESS::Frame(*app); }
     void TearDown() override { apptest::End(frame); WindowTest::TearDown(); }
-    LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0)
-    {
-        Log().clear();
-        return SendMessageA(frame, message, wParam, lParam);
-    }
+    LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) { return Log().clear(), SendMessageA(frame, message, wParam, lParam); }
 
     APPRECORDER* app = nullptr;
     HWND frame = nullptr;
 };
 
-std::string ClassOf(HWND window)
-{
-    char name[64] = {};
-    GetClassNameA(window, name, sizeof name);
-    return name;
-}
+std::string ClassOf(HWND window) { char name[64] = {}; return GetClassNameA(window, name, sizeof name), name; }
 
 // The frame is of the program's class, holds the application and its client,
 // and is hidden; its destruction deletes the application and leaves the quit.
@@ -72,12 +58,9 @@ TEST_F(ApplicationTest, TheFrameHoldsTheApplicationAndItsDestructionLeavesTheQui
     EXPECT_EQ(GetWindowLongA(frame, GWL_STYLE) & 0x12CF0000u, 0x02CF0000u);
     WNDCLASSA info;
     ASSERT_TRUE(GetClassInfoA(GetModuleHandleA(nullptr), "ZkRecorderFrame", &info));
-    EXPECT_EQ(info.style, static_cast<UINT>(CS_DBLCLKS));
-    EXPECT_EQ(info.cbWndExtra, static_cast<int>(sizeof(vAPP*)));
+    EXPECT_TRUE(info.style == CS_DBLCLKS && info.cbWndExtra == int(sizeof(vAPP*)));
     HWND client = vAPPACCESS::Client(*app);
-    EXPECT_EQ(ClassOf(client), "MDIClient");
-    EXPECT_EQ(GetParent(client), frame);
-    EXPECT_EQ(GetDlgCtrlID(client), 1000);
+    EXPECT_TRUE(ClassOf(client) == "MDIClient" && GetParent(client) == frame && GetDlgCtrlID(client) == 1000);
     EXPECT_EQ(GetWindowLongA(client, GWL_STYLE) & 0x56000001, 0x56000001);
     EXPECT_TRUE(vSYSTEM::ActiveApp() == app && vSYSTEM::GetFrameWindow() == frame);
     EXPECT_EQ(app->Language(), 2057);
@@ -132,8 +115,7 @@ TEST_F(ApplicationTest, FrameMessagesReachTheHandlersAsTheTableSays)
     document.Answer("vCommand", 3);
     EXPECT_EQ(Send(WM_COMMAND, 6), 0);
     EXPECT_EQ(Log(), Lines{"doc.vCommand(6)"});
-    DestroyMenu(app->hint);
-    apptest::End(frame);
+    DestroyMenu(app->hint), apptest::End(frame);
     EXPECT_FALSE(IsWindow(document()));
 }
 
@@ -149,8 +131,7 @@ TEST_F(ApplicationTest, ClosingAsksTheApplication)
     app->answers["vQueryClose"] = 1;
     zktest::TraceCapture capture;
     EXPECT_EQ(Send(vSYSTEM::GetZKKillMsg()), 0);
-    EXPECT_EQ(capture.Lines(), Lines{"Trace: vAPP::Close()"});
-    EXPECT_TRUE(Log().empty());
+    EXPECT_TRUE(capture.Lines() == Lines{"Trace: vAPP::Close()"} && Log().empty());
     Pump();
     EXPECT_EQ(Log(), (Lines{"vQueryClose", "~APPRECORDER"}));
 }

@@ -12,19 +12,15 @@ vWIN* PropertyInstance(HWND window)
     HANDLE block = IsWindow(window) ? GetPropA(window, "this") : nullptr;
     vWIN** slot = block ? static_cast<vWIN**>(LocalLock(block)) : nullptr;
     vWIN* win = slot ? *slot : nullptr;
-    if (block)
-        LocalUnlock(block);
+    if (block) LocalUnlock(block);
     return win;
 }
 
 // A handle whose hash is the slot given; the multiplier's inverse undoes
 // the hash, and the low bits tell apart handles of one slot.
-HWND HashedTo(unsigned slot, unsigned n = 0)
-{
-    return reinterpret_cast<HWND>(static_cast<UINT_PTR>(((slot << 19) + n) * 0x0E8B2F51u));
-}
+HWND HashedTo(unsigned slot, unsigned n = 0) { return HWND(UINT_PTR(((slot << 19) + n) * 0x0E8B2F51u)); }
 
-vWIN* Object(unsigned n) { return reinterpret_cast<vWIN*>(static_cast<UINT_PTR>(0x1000 + n)); }
+vWIN* Object(unsigned n) { return reinterpret_cast<vWIN*>(UINT_PTR(0x1000 + n)); }
 
 // Windows come and go in numbers, so removals move the table's members
 // about; every live, dead, foreign or made-up handle, and every child
@@ -46,8 +42,7 @@ TEST_F(WindowTest, TheTableAlwaysAgreesWithThePropertyAndThePlatform)
     handles.push_back(foreign);
     for (int n = 0; n < 90; n += 3)
         DestroyWindow(made[n]);
-    SetWindowLongPtrA((*live[4])(), GWLP_ID, 15);
-    SetParent((*live[5])(), (*live[2])());
+    SetWindowLongPtrA((*live[4])(), GWLP_ID, 15), SetParent((*live[5])(), (*live[2])());
     for (int round = 0; round < 2; ++round) {
         for (HWND handle : handles)
             EXPECT_EQ(RECORDER::Instance(handle), PropertyInstance(handle)) << handle;
@@ -60,8 +55,7 @@ TEST_F(WindowTest, TheTableAlwaysAgreesWithThePropertyAndThePlatform)
             DestroyWindow(made[n]);
     }
     delete live[4];
-    for (HWND window : made)
-        DestroyWindow(window);
+    for (HWND window : made) DestroyWindow(window);
     for (HANDLE block : blocks)
         EXPECT_EQ(LocalFlags(block), LMEM_INVALID_HANDLE) << block;
     DestroyWindow(foreign);
@@ -85,8 +79,7 @@ TEST(BindingTableMechanics, RemovalKeepsEveryOtherMemberReachable)
                 << gone << " " << n;
             EXPECT_EQ(found.win, n == gone ? nullptr : Object(n));
         }
-        for (HWND handle : run)
-            BindingTable::Remove(handle);
+        for (HWND handle : run) BindingTable::Remove(handle);
     }
 }
 
@@ -110,9 +103,8 @@ zktest::ChildEntry overflowInChild("binding-overflow", OverflowInChild);
 TEST(BindingTableMechanics, AFullTableFallsBackToTheProperty)
 {
     zktest::Child child("binding-overflow");
-    EXPECT_EQ(child.ReadLine(), "unknown");
-    EXPECT_EQ(child.ReadLine(), "found late");
-    EXPECT_EQ(child.ReadLine(), "kept early");
+    for (const char* line : {"unknown", "found late", "kept early"})
+        EXPECT_EQ(child.ReadLine(), line);
     EXPECT_EQ(child.Wait(), 0u);
 }
 

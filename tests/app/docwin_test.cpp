@@ -27,8 +27,7 @@ protected:
     {
         if (message != WM_GETMINMAXINFO)
             return vDOCWIN::MsgHandler(message, wParam, lParam, result);
-        reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = POINT{1, 1};
-        return 1;
+        return reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = POINT{1, 1}, 1;
     }
 };
 
@@ -45,10 +44,7 @@ Breadths Shares(long amount, size_t count)
 long Frame(bool rows) { return GetSystemMetrics(rows ? SM_CYFRAME : SM_CXFRAME); }
 
 // The breadths that fill the extent, one frame between neighbours.
-Breadths Filling(size_t count, bool rows, long extent)
-{
-    return Shares(extent - static_cast<long>(count - 1) * Frame(rows), count);
-}
+Breadths Filling(size_t count, bool rows, long extent) { return Shares(extent - long(count - 1) * Frame(rows), count); }
 
 // The outer frames hang one frame outside the client; each window is its
 // breadth plus two frames less one pixel, and the next starts one frame
@@ -73,15 +69,11 @@ protected:
     static void SetUpTestSuite()
     {
         app = new vAPP(vSTRING("ZkMdiFrame"), vSTRING("Documents"), 1);
-        app->Size(vRECT(0, 0, 720, 560));
-        app->Show();
+        app->Size(vRECT(0, 0, 720, 560)), app->Show();
         RECT inner;
         GetClientRect(vAPPACCESS::Frame(*app), &inner);
         app->Margins(vRECT(0, 0, inner.right - clientWidth, inner.bottom - clientHeight));
-        vDEVICE::GetScreen().Colour(vSCREEN_WINDOW);
-        vSYSTEM::GetKeyboard();
-        Open(1);
-        Close();
+        vDEVICE::GetScreen().Colour(vSCREEN_WINDOW), vSYSTEM::GetKeyboard(), Open(1), Close();
     }
     static void TearDownTestSuite() { apptest::End(vAPPACCESS::Frame(*app)); }
     void SetUp() override { zktest::LeakFreeTest::SetUp(); app->ArrangeDocWins(ARRANGE_CASCADE); }
@@ -91,20 +83,16 @@ protected:
     // arrangement under test places them.
     static DOCS Open(size_t count)
     {
-        for (size_t n = 0; n < count; ++n) {
-            documents.push_back(new DOCUMENT(*app, "Document"));
-            documents.back()->Show();
-        }
+        for (size_t n = 0; n < count; ++n)
+            documents.push_back(new DOCUMENT(*app, "Document")), documents.back()->Show();
         return DOCS(documents.end() - count, documents.end());
     }
     // Closes one document, or all of them.
     static void Close(vDOCWIN* document = nullptr)
     {
         for (vDOCWIN* open : DOCS(documents))
-            if (!document || open == document) {
-                documents.erase(std::find(documents.begin(), documents.end(), open));
-                delete open;
-            }
+            if (!document || open == document)
+                documents.erase(std::find(documents.begin(), documents.end(), open)), delete open;
         Pump();
     }
     // The documents from the topmost down, as the platform stacks them.
@@ -127,15 +115,13 @@ protected:
     static Breadths BreadthsOf(const DOCS& windows)
     {
         Breadths breadths;
-        for (vDOCWIN* window : windows)
-            breadths.push_back(vDOCWINACCESS::Breadth(*window));
+        for (vDOCWIN* window : windows) breadths.push_back(vDOCWINACCESS::Breadth(*window));
         return breadths;
     }
     static Lines Rects(const DOCS& windows)
     {
         Lines rects;
-        for (vDOCWIN* window : windows)
-            rects.push_back(Placed((*window)()));
+        for (vDOCWIN* window : windows) rects.push_back(Placed((*window)()));
         return rects;
     }
 
@@ -159,8 +145,7 @@ TEST_F(MdiTest, ATiledWindowHoldsItsPlaceAgainstTheMouse)
     vDOCWIN* document = Open(1)[0];
     for (const auto& row : rows) {
         SCOPED_TRACE(std::to_string(row.mode) + " " + std::to_string(row.message) + " " + std::to_string(row.hit));
-        app->ArrangeDocWins(row.mode);
-        vWIN::fBorderDrag = 1;
+        app->ArrangeDocWins(row.mode), vWIN::fBorderDrag = 1;
         LRESULT answer = SendMessageA((*document)(), row.message, row.hit, 0);
         EXPECT_EQ(vWIN::fBorderDrag, row.swallowed ? 1 : 0);
         EXPECT_TRUE(!row.swallowed || answer == 0);
@@ -178,8 +163,7 @@ TEST_F(MdiTest, RowsAndColumnsPlaceEveryWindowToThePixel)
             SCOPED_TRACE(std::to_string(count) + (rows ? " rows" : " columns"));
             vMDIARRANGE mode = rows ? ARRANGE_ROWS : ARRANGE_COLUMNS;
             long extent = rows ? clientHeight : clientWidth;
-            app->ArrangeDocWins(ARRANGE_CASCADE);
-            Open(count);
+            app->ArrangeDocWins(ARRANGE_CASCADE), Open(count);
             DOCS order = TopmostFirst();
             app->ArrangeDocWins(mode);
             EXPECT_EQ(vAPPACCESS::Arrange(*app), mode);
@@ -190,16 +174,13 @@ TEST_F(MdiTest, RowsAndColumnsPlaceEveryWindowToThePixel)
             EXPECT_EQ(Rects(order), Layout(breadths, rows));
             if (count >= 3) {
                 Breadths shares = Shares(breadths[1] + Frame(rows), count - 1);
-                Close(order[1]);
-                order.erase(order.begin() + 1);
-                breadths.erase(breadths.begin() + 1);
+                Close(order[1]), order.erase(order.begin() + 1), breadths.erase(breadths.begin() + 1);
                 for (size_t n = 0; n < breadths.size(); ++n)
                     breadths[n] += shares[n];
                 EXPECT_EQ(TileList(), order);
                 EXPECT_EQ(BreadthsOf(order), breadths);
                 EXPECT_EQ(Rects(order), Layout(breadths, rows));
-                app->ArrangeDocWins(mode);
-                order = TopmostFirst();
+                app->ArrangeDocWins(mode), order = TopmostFirst();
                 EXPECT_EQ(Rects(order), Layout(Filling(count - 1, rows, extent), rows));
             }
             Close();
@@ -215,20 +196,16 @@ TEST_F(MdiTest, RowsAndColumnsPlaceEveryWindowToThePixel)
 TEST_F(MdiTest, OnlyShownWindowsThatAreNotMinimisedAreTiled)
 {
     app->ArrangeDocWins(ARRANGE_ROWS);
-    EXPECT_EQ(vAPPACCESS::Arrange(*app), ARRANGE_ROWS);
-    EXPECT_EQ(vAPPACCESS::TileHead(*app), nullptr);
+    EXPECT_TRUE(vAPPACCESS::Arrange(*app) == ARRANGE_ROWS && vAPPACCESS::TileHead(*app) == nullptr);
     app->ArrangeDocWins(ARRANGE_CASCADE);
     DOCS opened = Open(4);
-    opened[0]->Hide();
-    ShowWindow((*opened[1])(), SW_MINIMIZE);
-    app->ArrangeDocWins(ARRANGE_COLUMNS);
+    opened[0]->Hide(), ShowWindow((*opened[1])(), SW_MINIMIZE), app->ArrangeDocWins(ARRANGE_COLUMNS);
     DOCS order = TileList();
     EXPECT_EQ(order, (DOCS{opened[3], opened[2]}));
     EXPECT_EQ(vDOCWINACCESS::Breadth(*opened[1]), 0);
 
     ShowWindow((*order[0])(), SW_MINIMIZE);
-    EXPECT_EQ(TileList(), DOCS{order[1]});
-    EXPECT_EQ(BreadthsOf({order[1]}), Breadths{clientWidth});
+    EXPECT_TRUE(TileList() == DOCS{order[1]} && BreadthsOf({order[1]}) == Breadths{clientWidth});
     EXPECT_EQ(Rects({order[1]}), Layout({clientWidth}, false));
     ShowWindow((*order[0])(), SW_RESTORE);
     EXPECT_EQ(TileList(), order);
@@ -247,8 +224,7 @@ TEST_F(MdiTest, OnlyShownWindowsThatAreNotMinimisedAreTiled)
 // that keeps the breadth changes nothing.
 TEST_F(MdiTest, ResizingOneWindowSharesTheRestOnEachSide)
 {
-    Open(5);
-    app->ArrangeDocWins(ARRANGE_COLUMNS);
+    Open(5), app->ArrangeDocWins(ARRANGE_COLUMNS);
     DOCS order = TileList();
     Lines before = Rects(order);
     HWND middle = (*order[2])();
@@ -256,8 +232,7 @@ TEST_F(MdiTest, ResizingOneWindowSharesTheRestOnEachSide)
     GetWindowRect(middle, &box);
     MapWindowPoints(nullptr, vAPPACCESS::Client(*app), reinterpret_cast<POINT*>(&box), 2);
     SetWindowPos(middle, nullptr, box.left + 3, box.top, 0, 0, SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOSIZE);
-    EXPECT_EQ(Rects(order)[0], before[0]);
-    EXPECT_EQ(Rects(order)[4], before[4]);
+    EXPECT_TRUE(Rects(order)[0] == before[0] && Rects(order)[4] == before[4]);
     long fw = Frame(false), left = box.left - 20, right = box.right + 40;
     SetWindowPos(middle, nullptr, left, box.top, right - left, box.bottom - box.top, SWP_NOZORDER | SWP_NOACTIVATE);
     Breadths sideBefore = Shares(left - fw, 2), sideAfter = Shares(clientWidth - right - fw, 2);

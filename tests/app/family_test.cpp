@@ -17,26 +17,19 @@ struct PROGRAM {
         startup.cb = sizeof startup;
         CreateProcessA(nullptr, &line[0], nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process);
     }
-    ~PROGRAM()
-    {
-        TerminateProcess(process.hProcess, 1);
-        CloseHandle(process.hProcess);
-        CloseHandle(process.hThread);
-    }
+    ~PROGRAM() { TerminateProcess(process.hProcess, 1), CloseHandle(process.hProcess), CloseHandle(process.hThread); }
     DWORD Wait()
     {
         DWORD code = STILL_ACTIVE;
         WaitForSingleObject(process.hProcess, 20000);
-        GetExitCodeProcess(process.hProcess, &code);
-        return code;
+        return GetExitCodeProcess(process.hProcess, &code), code;
     }
     HWND Frame()
     {
         for (DWORD deadline = GetTickCount() + 20000; GetTickCount() < deadline; Sleep(20)) {
             HWND frame = FindWindowA("ZkTwiceFrame", nullptr);
             DWORD owner = 0;
-            GetWindowThreadProcessId(frame, &owner);
-            if (frame && owner == process.dwProcessId && IsWindowVisible(frame))
+            if (GetWindowThreadProcessId(frame, &owner), frame && owner == process.dwProcessId && IsWindowVisible(frame))
                 return frame;
         }
         return nullptr;
@@ -58,8 +51,7 @@ TEST(FamilyTest, ASecondStartRestoresTheFirstAndEndsWithoutALoop)
     EXPECT_FALSE(IsIconic(frame));
     EXPECT_EQ(SendMessageA(frame, vSYSTEMACCESS::GetTavikMessage(), 0, 0), 0x0B0B0B0B);
     PostMessageA(frame, vSYSTEM::GetZKKillMsg(), 0, 0);
-    EXPECT_EQ(first.Wait(), 0u);
-    EXPECT_FALSE(IsWindow(frame));
+    EXPECT_TRUE(first.Wait() == 0u && !IsWindow(frame));
 
     PROGRAM speaking("language");
     frame = speaking.Frame();
@@ -81,10 +73,7 @@ LRESULT CALLBACK Ear(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 int Listener(const std::vector<std::string>&)
 {
     vAPP* app = new vAPP(vSTRING("ZkListenerFrame"), vSTRING("Listener"), 0);
-    WNDCLASSA earClass = {};
-    earClass.lpfnWndProc = Ear;
-    earClass.hInstance = GetModuleHandleA(nullptr);
-    earClass.lpszClassName = "ZkPaletteEar";
+    WNDCLASSA earClass = {0, Ear, 0, 0, GetModuleHandleA(nullptr), nullptr, nullptr, nullptr, nullptr, "ZkPaletteEar"};
     RegisterClassA(&earClass);
     HWND frame = vSYSTEM::GetFrameWindow();
     CreateWindowA("ZkPaletteEar", "", WS_CHILD, 0, 0, 1, 1, frame, nullptr, GetModuleHandleA(nullptr), nullptr);

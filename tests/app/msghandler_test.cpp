@@ -9,33 +9,20 @@ namespace {
 // One message sent to the window under test: the answers its handlers give,
 // the calls it must make, and whether the message then reaches the default
 // processing or comes back with the result given.
-struct ROW {
-    const char* what;
-    UINT message;
-    WPARAM wParam;
-    LPARAM lParam;
-    std::map<std::string, int> answers;
-    Lines calls;
-    bool toDefault;
-    LRESULT result;
-};
+struct ROW { const char* what; UINT message; WPARAM wParam; LPARAM lParam; std::map<std::string, int> answers;
+             Lines calls; bool toDefault; LRESULT result; };
 
-std::string DefaultLine(const std::string& name, UINT message)
-{
-    return name + " default " + std::to_string(message);
-}
+std::string DefaultLine(const std::string& name, UINT message) { return name + " default " + std::to_string(message); }
 
 // Presses the key with the modifiers held, and runs the queue as the
 // application's loop does: the keyboard state follows every key message.
 void Stroke(std::initializer_list<WORD> held, WORD key)
 {
     std::vector<INPUT> inputs;
-    for (WORD down : held)
-        inputs.push_back(INPUT{INPUT_KEYBOARD, {.ki = {down, 0, 0, 0, 0}}});
-    inputs.push_back(INPUT{INPUT_KEYBOARD, {.ki = {key, 0, 0, 0, 0}}});
-    inputs.push_back(INPUT{INPUT_KEYBOARD, {.ki = {key, 0, KEYEVENTF_KEYUP, 0, 0}}});
-    for (WORD up : held)
-        inputs.push_back(INPUT{INPUT_KEYBOARD, {.ki = {up, 0, KEYEVENTF_KEYUP, 0, 0}}});
+    auto add = [&](WORD which, DWORD up) { inputs.push_back(INPUT{INPUT_KEYBOARD, {.ki = {which, 0, up, 0, 0}}}); };
+    for (WORD down : held) add(down, 0);
+    add(key, 0), add(key, KEYEVENTF_KEYUP);
+    for (WORD up : held) add(up, KEYEVENTF_KEYUP);
     SendInput(inputs.size(), inputs.data(), sizeof(INPUT));
     MSG message;
     while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
@@ -52,20 +39,14 @@ protected:
     {
         WindowTest::SetUp();
         child = new RECORDER(Top(), vRECT(0, 0, 80, 60), "c", WF_NONE, 3);
-        child->Show(1);
-        UpdateWindow(C());
-        Log().clear();
+        child->Show(1), UpdateWindow(C()), Log().clear();
     }
 
     void TearDown() override
     {
         EnableWindow(Top()(), TRUE);
-        if (IsWindow(C()))
-            DestroyWindow(C());
-        vPOINTER::ActiveOwner(&Top());
-        vPOINTER::Off();
-        vWIN::fBorderDrag = 0;
-        WindowTest::TearDown();
+        if (IsWindow(C())) DestroyWindow(C());
+        vPOINTER::ActiveOwner(&Top()), vPOINTER::Off(), vWIN::fBorderDrag = 0, WindowTest::TearDown();
     }
 
     HWND C() { return (*child)(); }
@@ -76,12 +57,10 @@ protected:
         child->Reset();
         for (const auto& answer : row.answers)
             child->Answer(answer.first, answer.second);
-        Log().clear();
-        Watched() = {row.message};
+        Log().clear(), Watched() = {row.message};
         LRESULT result = SendMessageA(C(), row.message, row.wParam, row.lParam);
         Lines expected = row.calls;
-        if (row.toDefault)
-            expected.push_back(DefaultLine("c", row.message));
+        if (row.toDefault) expected.push_back(DefaultLine("c", row.message));
         EXPECT_EQ(Log(), expected);
         EXPECT_TRUE(row.toDefault || result == row.result) << result;
     }
@@ -130,9 +109,7 @@ TEST_F(DispatchTest, WindowMessagesFollowTheTable)
         {"kill without an application", vSYSTEM::GetZKKillMsg(), 0, 0, {}, {}, true, 0},
         {"anything else", WM_USER + 5, 0, 0, {}, {}, true, 0},
     };
-    vPOINTER::ActiveOwner(child);
-    vPOINTER::Off();
-    child->Pointer()->On();
+    vPOINTER::ActiveOwner(child), vPOINTER::Off(), child->Pointer()->On();
     for (const ROW& row : rows)
         Run(row);
     DestroyWindow(foreign);
@@ -145,9 +122,7 @@ TEST_F(DispatchTest, WindowMessagesFollowTheTable)
     Run({"non-client move", WM_NCMOUSEMOVE, HTCAPTION, 0, {}, {}, true, 0});
 
     // Activation goes to the default whatever the handler answers.
-    Watched() = {WM_ACTIVATE};
-    child->Answer("vActivate", 1);
-    Log().clear();
+    Watched() = {WM_ACTIVATE}, child->Answer("vActivate", 1), Log().clear();
     SendMessageA(C(), WM_ACTIVATE, MAKEWPARAM(WA_ACTIVE, 0), 0);
     ASSERT_GE(Log().size(), 2u);
     EXPECT_EQ(Lines(Log().begin(), Log().begin() + 2), (Lines{"c.vActivate()", DefaultLine("c", WM_ACTIVATE)}));
@@ -157,11 +132,12 @@ TEST_F(DispatchTest, WindowMessagesFollowTheTable)
 // or left release ends there, the others go on to the default all the same.
 TEST_F(DispatchTest, MouseMessagesCarrySignedClientPoints)
 {
-    const struct { UINT message; const char* handler; bool ends; } rows[] = {{WM_MOUSEMOVE, "vMouseMove", true},          {WM_LBUTTONDOWN, "vMouseLeftPress", true},
-                {WM_LBUTTONUP, "vMouseLeftRelease", true},   {WM_LBUTTONDBLCLK, "vMouseLeftDoublePress", false},
-                {WM_RBUTTONDOWN, "vMouseRightPress", false}, {WM_RBUTTONUP, "vMouseRightRelease", false},
-                {WM_RBUTTONDBLCLK, "vMouseRightDoublePress", false}, {WM_MBUTTONDOWN, "vMouseMiddlePress", false},
-                {WM_MBUTTONUP, "vMouseMiddleRelease", false}, {WM_MBUTTONDBLCLK, "vMouseMiddleDoublePress", false}};
+    const struct { UINT message; const char* handler; bool ends; } rows[] = {
+        {WM_MOUSEMOVE, "vMouseMove", true}, {WM_LBUTTONDOWN, "vMouseLeftPress", true},
+        {WM_LBUTTONUP, "vMouseLeftRelease", true}, {WM_LBUTTONDBLCLK, "vMouseLeftDoublePress", false},
+        {WM_RBUTTONDOWN, "vMouseRightPress", false}, {WM_RBUTTONUP, "vMouseRightRelease", false},
+        {WM_RBUTTONDBLCLK, "vMouseRightDoublePress", false}, {WM_MBUTTONDOWN, "vMouseMiddlePress", false},
+        {WM_MBUTTONUP, "vMouseMiddleRelease", false}, {WM_MBUTTONDBLCLK, "vMouseMiddleDoublePress", false}};
     for (const auto& row : rows)
         for (int taken : {0, 1})
             Run({row.handler, row.message, 0, MAKELPARAM(-3, 4), {{row.handler, taken}},
@@ -172,27 +148,23 @@ TEST_F(DispatchTest, MouseMessagesCarrySignedClientPoints)
 TEST_F(DispatchTest, KeysAreTranslatedByTheKeyboardsCode)
 {
     const struct { WORD fed; WPARAM raw; const char* handler; bool toDefault; } rows[] = {
-        {VK_BACK, VK_BACK, "c.vBackspaceKey()", true},  {VK_TAB, VK_TAB, "c.vTabKey()", true},
-        {VK_RETURN, VK_RETURN, "c.vEnterKey()", true},  {VK_ESCAPE, VK_ESCAPE, "c.vEscapeKey()", true},
-        {VK_PRIOR, VK_PRIOR, "c.vPageUpKey()", true},   {VK_NEXT, VK_NEXT, "c.vPageDownKey()", true},
-        {VK_END, VK_END, "c.vEndKey()", true},          {VK_HOME, VK_HOME, "c.vHomeKey()", true},
-        {VK_LEFT, VK_LEFT, "c.vArrowLeftKey()", true},  {VK_UP, VK_UP, "c.vArrowUpKey()", true},
+        {VK_BACK, VK_BACK, "c.vBackspaceKey()", true}, {VK_TAB, VK_TAB, "c.vTabKey()", true},
+        {VK_RETURN, VK_RETURN, "c.vEnterKey()", true}, {VK_ESCAPE, VK_ESCAPE, "c.vEscapeKey()", true},
+        {VK_PRIOR, VK_PRIOR, "c.vPageUpKey()", true}, {VK_NEXT, VK_NEXT, "c.vPageDownKey()", true},
+        {VK_END, VK_END, "c.vEndKey()", true}, {VK_HOME, VK_HOME, "c.vHomeKey()", true}, {'A', 'A', nullptr, true},
+        {VK_LEFT, VK_LEFT, "c.vArrowLeftKey()", true}, {VK_UP, VK_UP, "c.vArrowUpKey()", true}, {136, 136, nullptr, true},
         {VK_RIGHT, VK_RIGHT, "c.vArrowRightKey()", true}, {VK_DOWN, VK_DOWN, "c.vArrowDownKey()", true},
         {VK_INSERT, VK_INSERT, "c.vInsertKey()", true}, {VK_DELETE, VK_DELETE, "c.vDeleteKey()", true},
-        {VK_F1, VK_F1, "c.vFunctionKey(1)", false},     {VK_F24, VK_F24, "c.vFunctionKey(24)", false},
-        {136, 136, nullptr, true},                      {'A', 'A', nullptr, true},
-        {VK_RETURN, VK_F2, "c.vEnterKey()", true},      {'A', VK_F3, "c.vFunctionKey(3)", false},
+        {VK_F1, VK_F1, "c.vFunctionKey(1)", false}, {VK_F24, VK_F24, "c.vFunctionKey(24)", false},
+        {VK_RETURN, VK_F2, "c.vEnterKey()", true}, {'A', VK_F3, "c.vFunctionKey(3)", false},
     };
     Watched() = {WM_KEYDOWN};
     for (const auto& row : rows) {
-        vSYSTEMACCESS::KeyEvent(WM_KEYDOWN, row.fed, 0);
-        Log().clear();
+        vSYSTEMACCESS::KeyEvent(WM_KEYDOWN, row.fed, 0), Log().clear();
         SendMessageA(C(), WM_KEYDOWN, row.raw, 0);
         Lines expected = {"c.vKeyDown()"};
-        if (row.handler)
-            expected.push_back(row.handler);
-        if (row.toDefault)
-            expected.push_back(DefaultLine("c", WM_KEYDOWN));
+        if (row.handler) expected.push_back(row.handler);
+        if (row.toDefault) expected.push_back(DefaultLine("c", WM_KEYDOWN));
         EXPECT_EQ(Log(), expected) << row.fed << " " << row.raw;
     }
     vSYSTEMACCESS::KeyEvent(WM_KEYDOWN, VK_RETURN, 0);
@@ -202,15 +174,13 @@ TEST_F(DispatchTest, KeysAreTranslatedByTheKeyboardsCode)
          true, 0});
 
     // The same from the real keyboard, where Control turns the tab around.
-    child->Reset();
-    child->GetFocus();
+    child->Reset(), child->GetFocus();
     ASSERT_EQ(GetFocus(), C());
-    const struct { std::initializer_list<WORD> held; WORD key; const char* part; const char* heard; } strokes[] = {{{VK_CONTROL}, VK_TAB, "Tab", "c.vCtrTab()"},
-                   {{}, VK_TAB, "Tab", "c.vTabKey()"},
-                   {{}, VK_F1, "Function", "c.vFunctionKey(1)"}};
+    const struct { std::initializer_list<WORD> held; WORD key; const char* part; const char* heard; } strokes[] = {
+        {{VK_CONTROL}, VK_TAB, "Tab", "c.vCtrTab()"}, {{}, VK_TAB, "Tab", "c.vTabKey()"},
+        {{}, VK_F1, "Function", "c.vFunctionKey(1)"}};
     for (const auto& stroke : strokes) {
-        Log().clear();
-        Stroke(stroke.held, stroke.key);
+        Log().clear(), Stroke(stroke.held, stroke.key);
         EXPECT_EQ(Only(stroke.part), Lines{stroke.heard});
     }
     vSYSTEMACCESS::KeyReset();
@@ -222,21 +192,17 @@ TEST_F(DispatchTest, PaintDrawsTheUpdateRectangleOnTheErasedBackground)
 {
     Watched() = {WM_PAINT};
     RECT dirty = {2, 3, 12, 13};
-    InvalidateRect(C(), &dirty, FALSE);
-    UpdateWindow(C());
+    InvalidateRect(C(), &dirty, FALSE), UpdateWindow(C());
     EXPECT_EQ(Log(), (Lines{"c.vDraw((2,3,12,13))", DefaultLine("c", WM_PAINT)}));
     child->Answer("vDraw", 1);
     vLINESPEC before = child->LineSpec();
     child->BackgroundColour(vCOLOUR(10, 200, 30));
-    Log().clear();
-    InvalidateRect(C(), nullptr, TRUE);
-    UpdateWindow(C());
+    Log().clear(), InvalidateRect(C(), nullptr, TRUE), UpdateWindow(C());
     EXPECT_EQ(Log(), (Lines{"c.vEraseBkg()", "c.vDraw((0,0,80,60))"}));
     EXPECT_FALSE(GetUpdateRect(C(), nullptr, FALSE));
     HDC dc = GetDC(C());
     EXPECT_EQ(GetPixel(dc, 79, 59), RGB(10, 200, 30));
-    EXPECT_EQ(child->FillSpec().Colour(), vCOLOUR(10, 200, 30));
-    EXPECT_TRUE(child->LineSpec() == before);
+    EXPECT_TRUE(child->FillSpec().Colour() == vCOLOUR(10, 200, 30) && child->LineSpec() == before);
     child->flags &= ~WINF_ERASE;
     Run({"without erase it counts as erased", WM_ERASEBKGND, reinterpret_cast<WPARAM>(dc), 0, {}, {}, false, 1});
     ReleaseDC(C(), dc);
@@ -251,8 +217,7 @@ TEST_F(DispatchTest, CommandsFromChildrenNotifyTheirPeers)
          true, 0});
     Run({"from no child", WM_COMMAND, MAKEWPARAM(99, 0), 0, {}, {"c.vCommand(99)"}, true, 0});
     Run({"from a menu", WM_COMMAND, MAKEWPARAM(0, 0), 0, {}, {"c.vCommand(0)"}, true, 0});
-    DestroyWindow(peer());
-    DestroyWindow(source());
+    DestroyWindow(peer()), DestroyWindow(source());
 }
 
 TEST_F(DispatchTest, PaletteChangesRepaintOnlyFromTheForeground)
@@ -291,10 +256,11 @@ TEST_F(DispatchTest, MovesDuringADragAskForTheDropWindow)
         {"a taker in an enabled window", C(), TRUE, 1}};
     child->isDragging = 1;
     for (const auto& row : rows) {
-        SetWindowLongA(Top()(), GWL_EXSTYLE, row.taker == Top()() ? WS_EX_ACCEPTFILES : 0);
-        SetWindowLongA(C(), GWL_EXSTYLE, row.taker == C() ? WS_EX_ACCEPTFILES : 0);
+        for (HWND window : {Top()(), C()})
+            SetWindowLongA(window, GWL_EXSTYLE, row.taker == window ? WS_EX_ACCEPTFILES : 0);
         EnableWindow(Top()(), row.enabled);
-        Run({row.what, WM_MOUSEMOVE, 0, MAKELPARAM(40, 30), {}, {"c.vDragFeedback(" + std::to_string(row.feedback) + ",(40,30))"}, false, 0});
+        Run({row.what, WM_MOUSEMOVE, 0, MAKELPARAM(40, 30), {},
+             {"c.vDragFeedback(" + std::to_string(row.feedback) + ",(40,30))"}, false, 0});
     }
     child->isDragging = 0;
 }

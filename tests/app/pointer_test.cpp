@@ -11,11 +11,7 @@ vRESID Library(unsigned short id) { return vRESID(id, vSYSTEM::Pointer()); }
 bool Alive(HCURSOR cursor)
 {
     ICONINFO info;
-    if (!GetIconInfo(cursor, &info))
-        return false;
-    DeleteObject(info.hbmMask);
-    DeleteObject(info.hbmColor);
-    return true;
+    return GetIconInfo(cursor, &info) && (DeleteObject(info.hbmMask), DeleteObject(info.hbmColor), true);
 }
 
 // Each test starts with the pointer on and the capture flags clear, as a
@@ -31,17 +27,11 @@ protected:
         vPOINTER::bCaptured = vPOINTER::bTraped = 1;
         vPOINTER reset(nullptr);
         EXPECT_EQ(vPOINTER::bCaptured + vPOINTER::bTraped, 0);
-        reset.On();
-        ShowWindow(hostHandle, SW_SHOWNOACTIVATE);
-        child.Show();
-        wintest::Pump();
+        reset.On(), ShowWindow(hostHandle, SW_SHOWNOACTIVATE), child.Show(), wintest::Pump();
     }
     void TearDown() override
     {
-        ReleaseCapture();
-        ClipCursor(nullptr);
-        DestroyWindow(hostHandle);
-        LeakFreeTest::TearDown();
+        ReleaseCapture(), ClipCursor(nullptr), DestroyWindow(hostHandle), LeakFreeTest::TearDown();
     }
     vPOINTER& Pointer() { return *child.Pointer(); }
 
@@ -91,28 +81,18 @@ TEST_F(PointerTest, FormsReachTheScreenAndTheStackRestoresThem)
             EXPECT_EQ(GetCursor(), Stock(row.screen));
         else
             EXPECT_TRUE(GetCursor() == Access::Cursor(pointer) && Alive(GetCursor()));
-        EXPECT_EQ(Access::Current(pointer)(), row.current);
-        EXPECT_EQ(Access::Current(pointer).Instance(), row.module);
-        EXPECT_EQ(Access::Saved(pointer), row.saved);
+        EXPECT_TRUE(Access::Current(pointer)() == row.current && Access::Current(pointer).Instance() == row.module &&
+                    Access::Saved(pointer) == row.saved);
     }
     // A pointer that dies with saved forms frees them all, and leaves the
     // screen with the first form saved.
     vPOINTER* pointer = new vPOINTER(nullptr);
-    pointer->Form(PF_CROSS);
-    pointer->PushForm();
-    pointer->Form(PF_WAIT);
-    pointer->PushForm();
-    pointer->PushForm();
+    pointer->Form(PF_CROSS), pointer->PushForm(), pointer->Form(PF_WAIT), pointer->PushForm(), pointer->PushForm();
     delete pointer;
     EXPECT_EQ(GetCursor(), Stock(IDC_CROSS));
 }
 
-std::vector<long> Clip()
-{
-    RECT rect;
-    GetClipCursor(&rect);
-    return {rect.left, rect.top, rect.right, rect.bottom};
-}
+std::vector<long> Clip() { RECT r; return GetClipCursor(&r), std::vector<long>{r.left, r.top, r.right, r.bottom}; }
 
 // A capture takes the mouse, a confinement is the rectangle on the screen,
 // one a pixel wide or high stands for the client area; a release gives both
@@ -125,9 +105,7 @@ TEST_F(PointerTest, CaptureTakesTheMouseAndReleaseGivesItBack)
     Pointer().Release();
     EXPECT_EQ(vPOINTER::bTraped, 1);
     Pointer().Capture(0, rect);
-    EXPECT_EQ(GetCapture(), child());
-    EXPECT_EQ(vPOINTER::bCaptured, 1);
-    EXPECT_EQ(vPOINTER::ActiveOwner(nullptr), &child);
+    EXPECT_TRUE(GetCapture() == child() && vPOINTER::bCaptured == 1 && vPOINTER::ActiveOwner(nullptr) == &child);
     EXPECT_EQ(Clip(), free);
     Pointer().Capture(1, rect);
     EXPECT_EQ(vPOINTER::bTraped, 1);
@@ -137,17 +115,15 @@ TEST_F(PointerTest, CaptureTakesTheMouseAndReleaseGivesItBack)
     Pointer().Capture(1, flat);
     EXPECT_EQ(Clip(), (std::vector<long>{110, 120, 210, 200}));
     Pointer().Release();
-    EXPECT_EQ(GetCapture(), nullptr);
-    EXPECT_EQ(vPOINTER::bCaptured + vPOINTER::bTraped, 0);
-    EXPECT_EQ(vPOINTER::ActiveOwner(nullptr), nullptr);
+    EXPECT_TRUE(GetCapture() == nullptr && vPOINTER::bCaptured + vPOINTER::bTraped == 0 &&
+                vPOINTER::ActiveOwner(nullptr) == nullptr);
     EXPECT_EQ(Clip(), free);
 
     // Making a window forgets the capture, so the release no longer lets go.
     Pointer().Capture(0, rect);
     vWIN another(host, vRECT(0, 0, 5, 5));
     EXPECT_EQ(vPOINTER::bCaptured, 0);
-    DestroyWindow(another());
-    Pointer().Release();
+    DestroyWindow(another()), Pointer().Release();
     EXPECT_EQ(GetCapture(), child());
 }
 

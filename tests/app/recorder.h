@@ -18,11 +18,7 @@ using Lines = std::vector<std::string>;
 
 // Everything the windows under test report, in order: the handler calls of
 // the objects and the watched messages that reach the saved procedure.
-inline Lines& Log()
-{
-    static Lines lines;
-    return lines;
-}
+inline Lines& Log() { static Lines lines; return lines; }
 
 inline void Note(const std::string& line) { Log().push_back(line); }
 
@@ -31,24 +27,16 @@ inline Lines Only(const std::string& part)
 {
     Lines kept;
     for (const std::string& line : Log())
-        if (line.find(part) != std::string::npos)
-            kept.push_back(line);
+        if (line.find(part) != std::string::npos) kept.push_back(line);
     return kept;
 }
 
-inline std::set<UINT>& Watched()
-{
-    static std::set<UINT> messages;
-    return messages;
-}
+inline std::set<UINT>& Watched() { static std::set<UINT> messages; return messages; }
 
 // Raises the trace level for a scope, so that lifetime traces are written.
-class TraceLevel {
-public:
+struct TraceLevel {
     explicit TraceLevel(unsigned short level) : saved(vSYSTEM::GetTraceLevel()) { vSYSTEM::SetTraceLevel(level); }
     ~TraceLevel() { vSYSTEM::SetTraceLevel(saved); }
-
-private:
     unsigned short saved;
 };
 
@@ -72,11 +60,9 @@ inline std::string Placed(HWND window)
 // the default processing arrives here.
 inline LRESULT CALLBACK RecordingDefault(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    if (Watched().count(message)) {
-        WCHAR wide[64] = L"";
-        InternalGetWindowText(window, wide, 64);
-        Note(std::string(wide, wide + lstrlenW(wide)) + " default " + std::to_string(message));
-    }
+    WCHAR wide[64] = L"";
+    if (Watched().count(message))
+        Note(std::string(wide, wide + InternalGetWindowText(window, wide, 64)) + " default " + std::to_string(message));
     return DefWindowProcA(window, message, wParam, lParam);
 }
 
@@ -85,14 +71,8 @@ inline void RegisterClasses()
 {
     HINSTANCE instance = vSYSTEM::Pointer()->GetInstance();
     for (auto kind : {std::make_pair("GENERIC", &DefWindowProcA), std::make_pair("ZKRECORD", &RecordingDefault)}) {
-        WNDCLASSA known = {};
-        if (GetClassInfoA(instance, kind.first, &known))
-            continue;
-        known.style = CS_DBLCLKS;
-        known.lpfnWndProc = kind.second;
-        known.hInstance = instance;
-        known.hbrBackground = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
-        known.lpszClassName = kind.first;
+        WNDCLASSA known = {CS_DBLCLKS, kind.second, 0, 0, instance, nullptr, nullptr,
+                           static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)), nullptr, kind.first};
         RegisterClassA(&known);
     }
 }
@@ -107,10 +87,8 @@ inline void Pump()
     }
 }
 
-#define ZK_HEAR(handler) \
-    int handler() override { return Reply(#handler, "", 0); }
-#define ZK_HEAR_AT(handler) \
-    int handler(const vPOINT& at) override { return Reply(#handler, Text(at), 0); }
+#define ZK_HEAR(handler) int handler() override { return Reply(#handler, "", 0); }
+#define ZK_HEAR_AT(handler) int handler(const vPOINT& at) override { return Reply(#handler, Text(at), 0); }
 
 // A window that records every handler call with its arguments and answers
 // what the test asks of it, or the library's default. It creates its own
@@ -121,19 +99,10 @@ public:
              unsigned short childId = 0)
         : vWIN(parent, rect, style, static_cast<vCLASSID>(1)), name(name) { Create(childId); SetID(childId); }
     // Adopts a window that exists, binding and subclassing it at once.
-    RECORDER(HWND window, const std::string& name) : vWIN(window, vRESID()), name(name)
-    {
-        BindInstance(window);
-        SubClass();
-    }
+    RECORDER(HWND window, const std::string& name) : vWIN(window, vRESID()), name(name) { BindInstance(window), SubClass(); }
     ~RECORDER() override { Note(name + ".~RECORDER"); }
 
-    using vWIN::flags;
-    using vWIN::Instance;
-    using vWIN::isDragging;
-    using vWIN::pDepends;
-    using vWIN::pfnOldProc;
-    using vWIN::updateFlags;
+    using vWIN::flags, vWIN::Instance, vWIN::isDragging, vWIN::pDepends, vWIN::pfnOldProc, vWIN::updateFlags;
 
     void Answer(const std::string& handler, int value) { answers[handler] = value; }
     void Reset() { answers.clear(); }
@@ -167,18 +136,15 @@ public:
     ZK_HEAR_AT(vMouseLeftDoublePress) ZK_HEAR_AT(vMouseMiddleDoublePress) ZK_HEAR_AT(vMouseRightDoublePress)
 
     std::string name;
-
 protected:
     int vEraseBkg() override { return Note(name + ".vEraseBkg()"), vWIN::vEraseBkg(); }
-
 private:
     static std::string Named(vWIN* win) { return dynamic_cast<RECORDER*>(win) ? static_cast<RECORDER*>(win)->name : "?"; }
     void Create(unsigned short childId)
     {
         lstrcpyA(CreateParams.szClassName, "ZKRECORD");
         CreateParams.lpszTitle = name.c_str();
-        CreateParams.hMenuOrId = reinterpret_cast<HMENU>(static_cast<UINT_PTR>(childId));
-        CreateWin();
+        CreateParams.hMenuOrId = reinterpret_cast<HMENU>(static_cast<UINT_PTR>(childId)), CreateWin();
     }
     int Reply(const std::string& handler, const std::string& arguments, int fallback)
     {
@@ -217,29 +183,18 @@ protected:
         ShowWindow(top(), SW_SHOW);
         SetForegroundWindow(top());
         RECORDER child(top, vRECT(0, 0, 10, 10), "warm");
-        child.Invalidate();
-        UpdateWindow(child());
-        DestroyWindow(child());
-        Pump();
+        child.Invalidate(), UpdateWindow(child()), DestroyWindow(child()), Pump();
     }
 
     static void TearDownTestSuite() { ShowWindow(SharedTop()(), SW_HIDE); }
 
-    void SetUp() override
-    {
-        zktest::LeakFreeTest::SetUp();
-        Log().clear();
-        Watched().clear();
-    }
+    void SetUp() override { zktest::LeakFreeTest::SetUp(), Log().clear(), Watched().clear(); }
 
     void TearDown() override
     {
         RECORDER& top = Top();
-        while (!top.pDepends->IsEmpty())
-            top.pDepends->Remove(*top.pDepends->First());
-        top.flags = WINF_ERASE;
-        top.updateFlags = 0;
-        top.Reset();
+        while (!top.pDepends->IsEmpty()) top.pDepends->Remove(*top.pDepends->First());
+        top.flags = WINF_ERASE, top.updateFlags = 0, top.Reset();
         SetWindowLongA(top(), GWL_EXSTYLE, 0);
         Pump();
         Watched().clear();

@@ -17,8 +17,7 @@ TEST_F(WindowTest, AChildIsBoundSubclassedAndPlacedInItsParentsUnits)
     EXPECT_EQ(Bound(child()), &child);
     EXPECT_EQ(GetWindowLongPtrA(child(), GWLP_WNDPROC), reinterpret_cast<LONG_PTR>(GenericProc));
     EXPECT_EQ(child.pfnOldProc, RecordingDefault);
-    EXPECT_EQ(child.Parent(), &parent);
-    EXPECT_EQ(child.Application(), nullptr);
+    EXPECT_TRUE(child.Parent() == &parent && child.Application() == nullptr);
     EXPECT_EQ(Placed(child()), "(5,27,105,107)");
     EXPECT_EQ(child.flags, WINF_ERASE);
     EXPECT_EQ(child.BackgroundColour().PackedRGB(), vDEVICE::GetScreen().Colour(vSCREEN_WINDOW).PackedRGB());
@@ -26,8 +25,7 @@ TEST_F(WindowTest, AChildIsBoundSubclassedAndPlacedInItsParentsUnits)
 
     child.Size(vRECT(15, 16, 75, 56));
     EXPECT_EQ(Placed(child()), "(10,23,70,63)");
-    EXPECT_EQ(child.Width(), vINT(60));
-    EXPECT_EQ(child.ClientSize(), vRECT(0, 0, 60, 40));
+    EXPECT_TRUE(child.Width() == vINT(60) && child.ClientSize() == vRECT(0, 0, 60, 40));
     POINT origin = {0, 0};
     ClientToScreen(child(), &origin);
     EXPECT_EQ(child.ClientToScreen(vPOINT(3, 4)), vPOINT(origin.x + 3, origin.y + 4));
@@ -48,8 +46,7 @@ TEST_F(WindowTest, WindowFlagsChooseTheStyleAndOnlyTheBaseClassCreates)
         DestroyWindow(window());
     }
     vWIN deferred(Top(), vRECT(0, 0, 50, 40), WF_NONE, CLASSID_CAPWIN);
-    EXPECT_EQ(deferred(), nullptr);
-    EXPECT_EQ(vWIN::CreateParams.hParent, Top()());
+    EXPECT_TRUE(deferred() == nullptr && vWIN::CreateParams.hParent == Top()());
 }
 
 // A window made with new goes with its platform window, and its platform
@@ -72,8 +69,7 @@ TEST_F(WindowTest, NewedWindowsGoWithTheirPlatformWindowsAndMembersStay)
                             "inner.~RECORDER", "inner default 2"}));
 
     RECORDER* closed = new RECORDER(Top(), vRECT(0, 0, 30, 20), "c");
-    Log().clear();
-    closed->Close();
+    Log().clear(), closed->Close();
     EXPECT_EQ(Log(), (Lines{"c.vQueryClose()", "c.~RECORDER", "c default 2"}));
 }
 
@@ -84,13 +80,9 @@ TEST_F(WindowTest, WindowsAreFoundOnlyThroughTheBinding)
     RECORDER child(Top(), vRECT(0, 0, 30, 20), "c", WF_NONE, 12);
     HWND foreign = CreateWindowExA(0, "STATIC", nullptr, WS_CHILD | WS_VISIBLE, 0, 0, 5, 5, Top()(),
                                    reinterpret_cast<HMENU>(13), nullptr, nullptr);
-    EXPECT_EQ(Top().Child(12), &child);
-    EXPECT_EQ(Top().Child(13), nullptr);
-    EXPECT_EQ(Top().Child(0), nullptr);
-    child.Show(1);
-    child.GetFocus();
-    EXPECT_EQ(vWIN::FocusedWindow(), &child);
-    EXPECT_EQ(vWIN::ActiveWindow(), &Top());
+    EXPECT_TRUE(Top().Child(12) == &child && Top().Child(13) == nullptr && Top().Child(0) == nullptr);
+    child.Show(1), child.GetFocus();
+    EXPECT_TRUE(vWIN::FocusedWindow() == &child && vWIN::ActiveWindow() == &Top());
     SetFocus(foreign);
     EXPECT_EQ(vWIN::FocusedWindow(), nullptr);
     DestroyWindow(foreign);
@@ -101,9 +93,8 @@ TEST_F(WindowTest, WindowsAreFoundOnlyThroughTheBinding)
     Log().clear();
     for (DWORD end = GetTickCount() + 5000; Only("vTimer").empty() && GetTickCount() < end && GetMessageA(&message, 0, 0, 0);)
         DispatchMessageA(&message);
-    child.KillTimer();
+    child.KillTimer(), DestroyWindow(child());
     EXPECT_EQ(Only("vTimer"), Lines{"c.vTimer(1)"});
-    DestroyWindow(child());
 }
 
 // A change of a updates the windows that depend on it, each once, in the
@@ -126,22 +117,19 @@ TEST_F(WindowTest, AChangeUpdatesItsDependantsOnceEach)
         for (const char* at = row.depends; *at; at += at[2] ? 3 : 2)
             EXPECT_EQ(w[at[0]]->SetDepend(w[at[1]]), 1);
         EXPECT_EQ(w['a']->flags & WINF_HASDEPENDENTS, WINF_HASDEPENDENTS);
-        EXPECT_EQ(w['b']->GetDependOnWindow(1), w['a']);
-        EXPECT_EQ(w['b']->GetDependOnWindow(3), nullptr);
+        EXPECT_TRUE(w['b']->GetDependOnWindow(1) == w['a'] && w['b']->GetDependOnWindow(3) == nullptr);
         for (const char* at = row.premarked; *at; ++at)
             w[*at]->updateFlags = WINUPD_MARKED;
         for (const char* at = row.order; *at; ++at)
             SetWindowPos((*w[*at])(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-        Log().clear();
-        w['a']->NotifyPeerControls(1);
+        Log().clear(), w['a']->NotifyPeerControls(1);
         EXPECT_EQ(Log(), row.updates);
         for (char name : std::string("abcd")) {
             bool marked = std::string(row.marked).find(name) != std::string::npos;
             EXPECT_EQ(w[name]->updateFlags, marked ? WINUPD_MARKED : 0) << name;
             DestroyWindow((*w[name])());
         }
-        while (!Top().pDepends->IsEmpty())
-            Top().pDepends->Remove(*Top().pDepends->First());
+        while (!Top().pDepends->IsEmpty()) Top().pDepends->Remove(*Top().pDepends->First());
     }
 }
 
