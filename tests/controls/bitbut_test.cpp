@@ -11,11 +11,7 @@ const int Hole = 4 * 4;
 class PROBE : public vBITBUT {
 public:
     using vBITBUT::vBITBUT;
-    using vBITBUT::disabledFace;
-    using vBITBUT::face;
     using vBITBUT::flags;
-    using vBITBUT::focusFace;
-    using vBITBUT::selectedFace;
 };
 
 class BitButTest : public ControlTest {};
@@ -59,24 +55,6 @@ TEST_F(BitButTest, EachStateShowsItsFaceWithoutTheKeyColour)
         }
         DestroyWindow((*button)());
     }
-}
-
-// A null argument leaves its face alone; an invalid bitmap drops it.
-TEST_F(BitButTest, BitmapsReplacesOnlyWhatItIsGiven)
-{
-    vBITMAP plain(Face(Plain)), other(Face(Pressed, 8)), invalid(static_cast<HBITMAP>(nullptr));
-    PROBE* button = new PROBE(*parent, vCTRLID(7), plain, vRECT(20, 20, 70, 60));
-    button->Bitmaps(&other, &other, &other, nullptr);
-    std::vector<vBITMAP*> before = {button->selectedFace, button->focusFace, button->disabledFace, button->face};
-    EXPECT_EQ(button->Bitmaps(nullptr, nullptr, nullptr, nullptr), 1);
-    EXPECT_EQ(std::vector<vBITMAP*>({button->selectedFace, button->focusFace, button->disabledFace, button->face}), before);
-    EXPECT_EQ(button->Bitmaps(&invalid, nullptr, &plain, &invalid), 1);
-    EXPECT_EQ(button->selectedFace, nullptr);
-    EXPECT_EQ(button->focusFace, before[1]);
-    ASSERT_NE(button->disabledFace, nullptr);
-    EXPECT_NE(button->disabledFace, &plain);
-    EXPECT_EQ(button->disabledFace->Size(), plain.Size());
-    EXPECT_EQ(button->face, nullptr);
 }
 
 // A face needs a margin of 3 all round; the base library holds no bitmap of

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -52,19 +53,11 @@ inline HBITMAP Face(COLORREF inner, int side = Side, int hole = 0)
     HBITMAP bitmap = CreateCompatibleBitmap(screen, side, side);
     HDC dc = CreateCompatibleDC(screen);
     HGDIOBJ old = SelectObject(dc, bitmap);
-    HBRUSH key = CreateSolidBrush(Key);
-    HBRUSH middle = CreateSolidBrush(inner);
-    RECT all = {0, 0, side, side};
-    RECT core = {2, 2, side - 2, side - 2};
+    HBRUSH key = CreateSolidBrush(Key), middle = CreateSolidBrush(inner);
+    RECT all = {0, 0, side, side}, core = {2, 2, side - 2, side - 2};
     RECT gap = {(side - hole) / 2, (side - hole) / 2, (side + hole) / 2, (side + hole) / 2};
-    FillRect(dc, &all, key);
-    FillRect(dc, &core, middle);
-    FillRect(dc, &gap, key);
-    DeleteObject(key);
-    DeleteObject(middle);
-    SelectObject(dc, old);
-    DeleteDC(dc);
-    ReleaseDC(nullptr, screen);
+    FillRect(dc, &all, key), FillRect(dc, &core, middle), FillRect(dc, &gap, key);
+    DeleteObject(key), DeleteObject(middle), SelectObject(dc, old), DeleteDC(dc), ReleaseDC(nullptr, screen);
     return bitmap;
 }
 
@@ -80,9 +73,7 @@ inline zktest::Pixels Shot(HWND window)
     BitBlt(memory, 0, 0, client.right, client.bottom, from, 0, 0, SRCCOPY);
     SelectObject(memory, old);
     zktest::Pixels shot(copy, client.right, client.bottom);
-    DeleteObject(copy);
-    DeleteDC(memory);
-    ReleaseDC(window, from);
+    DeleteObject(copy), DeleteDC(memory), ReleaseDC(window, from);
     return shot;
 }
 
@@ -105,36 +96,29 @@ inline POINT CornerOf(HWND window, COLORREF colour)
 inline void PumpFor(DWORD ms)
 {
     DWORD until = GetTickCount() + ms;
-    do {
-        MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
-        wintest::Pump();
-    } while (static_cast<long>(until - GetTickCount()) > 0);
+    do
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT), wintest::Pump();
+    while (static_cast<long>(until - GetTickCount()) > 0);
 }
 
 // Shows a window and lets it paint.
 inline void ShowPainted(HWND window)
 {
-    ShowWindow(window, SW_SHOWNA);
-    InvalidateRect(window, nullptr, TRUE);
-    UpdateWindow(window);
-    PumpFor(50);
+    ShowWindow(window, SW_SHOWNA), InvalidateRect(window, nullptr, TRUE), UpdateWindow(window), PumpFor(50);
 }
 
 // The log lines that contain the part.
 inline Lines Only(const std::string& part)
 {
     Lines kept;
-    for (const std::string& line : Log())
-        if (line.find(part) != std::string::npos)
-            kept.push_back(line);
+    std::copy_if(Log().begin(), Log().end(), std::back_inserter(kept), [&](const std::string& line) { return line.find(part) != std::string::npos; });
     return kept;
 }
 
 inline void Mouse(DWORD flags)
 {
     INPUT input = {};
-    input.type = INPUT_MOUSE;
-    input.mi.dwFlags = flags;
+    input.type = INPUT_MOUSE, input.mi.dwFlags = flags;
     SendInput(1, &input, sizeof input);
 }
 
@@ -142,9 +126,7 @@ inline void Mouse(DWORD flags)
 inline void MouseTo(HWND window, int x, int y)
 {
     POINT at = {x, y};
-    ClientToScreen(window, &at);
-    SetCursorPos(at.x, at.y);
-    Mouse(MOUSEEVENTF_MOVE);
+    ClientToScreen(window, &at), SetCursorPos(at.x, at.y), Mouse(MOUSEEVENTF_MOVE);
 }
 
 // Every test gets a shown parent under the shared top-level window; the
@@ -154,18 +136,10 @@ protected:
     void SetUp() override
     {
         WindowTest::SetUp();
-        vCONTROL::CurHintedCtr = vCTRLID(0);
         parent = new PARENT(Top(), vRECT(0, 0, 300, 200));
-        ShowWindow((*parent)(), SW_SHOW);
-        wintest::Pump();
+        ShowWindow((*parent)(), SW_SHOW), wintest::Pump();
     }
-
-    void TearDown() override
-    {
-        DestroyWindow((*parent)());
-        wintest::Pump();
-        WindowTest::TearDown();
-    }
+    void TearDown() override { DestroyWindow((*parent)()), wintest::Pump(), WindowTest::TearDown(); }
 
     PARENT* parent = nullptr;
 };

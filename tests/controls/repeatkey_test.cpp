@@ -9,11 +9,7 @@ class PROBE : public vREPEATKEY {
 public:
     using vREPEATKEY::vREPEATKEY;
 
-    int vTimer(const vRESID& id) override
-    {
-        Note("key.vTimer");
-        return vREPEATKEY::vTimer(id);
-    }
+    int vTimer(const vRESID& id) override { return Note("key.vTimer"), vREPEATKEY::vTimer(id); }
 };
 
 // A shown key, made as a bit button, and the command it sends its parent.
@@ -23,8 +19,7 @@ protected:
     {
         ControlTest::SetUp();
         key = new PROBE(*parent, vCTRLID(7), face, vRECT(20, 20, 70, 60));
-        ShowPainted((*key)());
-        Log().clear();
+        ShowPainted((*key)()), Log().clear();
     }
 
     std::string Command(LPARAM window) const { return "parent.WM_COMMAND(7,0," + std::to_string(window) + ")"; }
@@ -32,31 +27,6 @@ protected:
     vBITMAP face{Face(Plain)};
     PROBE* key = nullptr;
 };
-
-// The release arms the timer and the next message kills it. When no other
-// message comes first, that next message is the tick itself: it kills the
-// timer and still sends one command, with the low word of the handle.
-TEST_F(RepeatKeyTest, PushArmsThenKillsItsTimer)
-{
-    key->Push();
-    EXPECT_TRUE(KillTimer((*key)(), 1));
-    const struct {
-        const char* what;
-        int messageAfter;
-        size_t commands;
-    } rows[] = {{"a message after the push", 1, 0}, {"nothing after the push", 0, 1}};
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.what);
-        Log().clear();
-        key->Push();
-        if (row.messageAfter)
-            PostMessageA((*key)(), WM_NULL, 0, 0);
-        PumpFor(500);
-        EXPECT_FALSE(KillTimer((*key)(), 1));
-        EXPECT_EQ(Only("WM_COMMAND"), Lines(row.commands, Command(LOWORD((*key)()))));
-        EXPECT_EQ(Only("vTimer").size(), row.commands);
-    }
-}
 
 // The first message after the press arms the timer; every tick sends a
 // command and arms it again. The platform's own click on release comes

@@ -5,8 +5,8 @@ using wintest::RECORDER;
 
 namespace {
 
-// A dialog that reports its handlers and the messages offered to it, and
-// answers for its MsgHandler where the test asks.
+// A dialog that reports its handlers and answers for its MsgHandler where
+// the test asks.
 class PLAIN : public vDIALOG {
 public:
     template <class PARENT>
@@ -15,23 +15,13 @@ public:
         : vDIALOG(parent, tmpl, map, data, title, modal)
     {
     }
-    ~PLAIN() override { Note("~PLAIN"); }
-
     using vDIALOG::Init;
 
     int vClick(const vCTRLID& id) override { return Note("vClick(" + Number(id) + ")"), vDIALOG::vClick(id); }
     int vCommand(const vCTRLID& id) override { return Note("vCommand(" + Number(id) + ")"), 0; }
-    int vActivate() override { return Note("vActivate"), 0; }
-    int vDeactivate() override { return Note("vDeactivate"), 0; }
     int vContextHelp(HWND, vCTRLID& id, int fromMenu) override
     {
         return Note("vContextHelp(" + Number(id) + "," + Number(fromMenu) + ")"), 0;
-    }
-    int HandleMessage(tagMSG& msg) override
-    {
-        if (recordOffers && msg.message != WM_TIMER)
-            Note("HandleMessage(" + Number(msg.message) + ")");
-        return takeOffers ? 1 : vDIALOG::HandleMessage(msg);
     }
     int MsgHandler(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result) override
     {
@@ -43,8 +33,6 @@ public:
     }
 
     std::map<unsigned int, long> answers;
-    bool recordOffers = false;
-    bool takeOffers = false;
 };
 
 // What the map's factories and the controls hear, which control has the
@@ -180,86 +168,7 @@ TEST_F(DialogTest, F1IsTheHelpButtonUnlessTheCaptionAskedForHelpOnAControl)
         DlgProc(window, row.message, row.wParam, row.lParam);
         EXPECT_EQ(Log(), row.calls) << row.message;
     }
-    vCTRLID other(NOTE_ITEM);
-    EXPECT_EQ(dialog->vDIALOG::vContextHelp(name, other, 0), 0);
     DestroyWindow(window);
-}
-
-// Activation names the dialog that the loops serve; the application's loop
-// offers each message to the active dialog, and only what the dialog leaves
-// reaches its window.
-TEST_F(DialogTest, TheApplicationLoopOffersEachMessageToTheActiveDialogFirst)
-{
-    PLAIN* dialog = new PLAIN(*app, Template(ENTRY_TEMPLATE));
-    HWND window = (*dialog)();
-    dialog->Init();
-    EXPECT_EQ(vAPPACCESS::ActiveDialog(), window);
-    Log().clear();
-    SendMessageA(window, WM_ACTIVATE, WA_INACTIVE, 0);
-    EXPECT_EQ(vAPPACCESS::ActiveDialog(), nullptr);
-    SendMessageA(window, WM_ACTIVATE, WA_CLICKACTIVE, 0);
-    EXPECT_EQ(vAPPACCESS::ActiveDialog(), window);
-    EXPECT_EQ(Only({"ctivate"}), (Lines{"vDeactivate", "vActivate"}));
-    const struct {
-        bool active, takes;
-        Lines calls;
-    } rows[] = {{false, false, {"w default 1025"}},
-                {true, false, {"HandleMessage(1025)", "w default 1025"}},
-                {true, true, {"HandleMessage(1025)"}}};
-    RECORDER* target = new RECORDER(Top(), vRECT(0, 0, 10, 10), "w");
-    wintest::Watched() = {WM_USER + 1};
-    dialog->recordOffers = true;
-    for (const auto& row : rows) {
-        dialog->takeOffers = row.takes;
-        vAPPACCESS::ActiveDialog(row.active ? window : nullptr);
-        Log().clear();
-        PostMessageA((*target)(), WM_USER + 1, 0, 0);
-        PostThreadMessageA(GetCurrentThreadId(), WM_QUIT, 0, 0);
-        vAPPACCESS::Run(*app, (*app)(), nullptr);
-        EXPECT_EQ(Log(), row.calls) << row.active << row.takes;
-    }
-    DestroyWindow((*target)());
-    DestroyWindow(window);
-    EXPECT_EQ(vAPPACCESS::ActiveDialog(), nullptr);
-}
-
-// What the modal loop offers the dialog before it ends: it ends at the first
-// close or destroy through the queue, to any window, and not at a quit. A
-// dialog without parents disables nothing and still loops.
-TEST_F(DialogTest, AnyCloseThroughTheQueueEndsTheModalLoop)
-{
-    HWND other = CreateWindowExA(0, "STATIC", nullptr, WS_POPUP, 0, 0, 5, 5, nullptr, nullptr, nullptr, nullptr);
-    const struct {
-        const char* what;
-        std::vector<UINT> posted;
-    } rows[] = {{"close to another window", {WM_USER + 3, WM_CLOSE}},
-                {"destroy to another window", {WM_DESTROY}},
-                {"quit does not end it", {WM_QUIT, WM_CLOSE}}};
-    vWIN nowhere(nullptr, vRESID());
-    PLAIN* dialog = new PLAIN(nowhere, Template(ENTRY_TEMPLATE), nullptr, nullptr, 1);
-    EXPECT_EQ(GetParent((*dialog)()), nullptr);
-    EXPECT_TRUE(IsWindowEnabled(frame) && IsWindowEnabled(Top()()));
-    dialog->Init();
-    dialog->recordOffers = true;
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.what);
-        Lines offers;
-        for (UINT message : row.posted) {
-            PostMessageA(message == WM_QUIT ? nullptr : other, message, 0, 0);
-            offers.push_back("HandleMessage(" + Number(message) + ")");
-        }
-        Log().clear();
-        dialog->takeOffers = true;
-        RunModal(*dialog);
-        EXPECT_EQ(Only(offers), offers);
-        EXPECT_EQ(dialog->IsModal(), 1);
-    }
-    dialog->takeOffers = false;
-    PostMessageA((*dialog)(), WM_CLOSE, 0, 0);
-    Log().clear();
-    RunModal(*dialog);
-    EXPECT_EQ(Only({"HandleMessage(16)", "~PLAIN"}), (Lines{"HandleMessage(16)", "~PLAIN"}));
-    DestroyWindow(other);
 }
 
 // The whole top-level window is disabled, not only the direct parent.
@@ -268,15 +177,12 @@ TEST_F(DialogTest, MakeModalDisablesTheTopOfTheParentChainAndMakeModelessEnables
     RECORDER* holder = new RECORDER(Top(), vRECT(0, 0, 200, 100), "holder");
     PLAIN* dialog = new PLAIN(*holder, Template(PAGE_TEMPLATE));
     HWND window = (*dialog)();
-    EXPECT_EQ(GetParent(window), (*holder)());
     dialog->MakeModal();
     EXPECT_EQ(dialog->IsModal(), 1);
     EXPECT_FALSE(IsWindowEnabled(Top()()));
-    EXPECT_FALSE(GetWindowLongA((*holder)(), GWL_STYLE) & WS_DISABLED);
-    EXPECT_TRUE(IsWindowEnabled(frame));
+    EXPECT_TRUE(IsWindowEnabled((*holder)()) && IsWindowEnabled(frame));
     dialog->MakeModeless();
-    EXPECT_EQ(dialog->IsModal(), 0);
-    EXPECT_TRUE(IsWindowEnabled(Top()()));
+    EXPECT_TRUE(IsWindowEnabled(Top()()) && !dialog->IsModal());
     dialog->MakeModal();
     DestroyWindow(window);
     EXPECT_TRUE(IsWindowEnabled(Top()())) << "the dialog's end makes it modeless";
@@ -301,56 +207,8 @@ TEST_F(DialogTest, CentreStaysOnTheScreenAndLetsTheTopLeftWin)
     huge->Centre();
     box = PlaceIn((*huge)(), nullptr);
     EXPECT_GT(box.Width()(), GetSystemMetrics(SM_CXSCREEN));
-    EXPECT_EQ(box.Left()(), 0);
-    EXPECT_EQ(box.Top()(), 0);
+    EXPECT_EQ(box.Left()() * 1000 + box.Top()(), 0);
     DestroyWindow((*huge)());
-}
-
-// A dialog on the stack survives its window; whoever clears the active
-// dialog first, it is clear once the object is gone.
-TEST_F(DialogTest, ADialogOnTheStackOutlivesItsWindowAndLeavesNoActiveDialog)
-{
-    for (bool staleOwn : {true, false}) {
-        {
-            PLAIN dialog(*app, Template(ENTRY_TEMPLATE));
-            HWND window = dialog();
-            dialog.Init();
-            EXPECT_EQ(vAPPACCESS::ActiveDialog(), window);
-            Log().clear();
-            DestroyWindow(window);
-            EXPECT_EQ(Only({"PLAIN"}), Lines{});
-            vAPPACCESS::ActiveDialog(staleOwn ? window : frame);
-        }
-        EXPECT_EQ(Log().back(), "~PLAIN");
-        EXPECT_EQ(vAPPACCESS::ActiveDialog(), staleOwn ? nullptr : frame);
-    }
-}
-
-// One logical unit is one dialog unit; the built-in template makes an empty
-// captioned child.
-TEST_F(DialogTest, LogicalUnitsAreDialogUnitsAndTheBuiltInTemplateIsAnEmptyChild)
-{
-    PLAIN* dialog = new PLAIN(*app, Template(ENTRY_TEMPLATE), nullptr, nullptr, 0, vSTRING("Entered"));
-    RECT units = {0, 0, 100, 100};
-    MapDialogRect((*dialog)(), &units);
-    HDC screen = GetDC(nullptr);
-    EXPECT_EQ(dialog->LogUnitsPerHorzInch()(), GetDeviceCaps(screen, LOGPIXELSX) * 100 / units.right);
-    EXPECT_EQ(dialog->LogUnitsPerVertInch()(), GetDeviceCaps(screen, LOGPIXELSY) * 100 / units.bottom);
-    ReleaseDC(nullptr, screen);
-    EXPECT_EQ(dialog->BorderWidth(), dialog->DVtoLV(GetSystemMetrics(SM_CXDLGFRAME)));
-    EXPECT_STREQ(dialog->Title()(), "Entered");
-    DestroyWindow((*dialog)());
-    PLAIN* inside = new PLAIN(Top(), vRESID(0, vSYSTEM::Pointer()), nullptr, nullptr, 0, vSTRING("Inside"));
-    HWND window = (*inside)();
-    char name[16] = "";
-    GetClassNameA(window, name, sizeof name);
-    EXPECT_STREQ(name, "#32770");
-    EXPECT_EQ(GetWindowLongA(window, GWL_STYLE) & (WS_CHILD | WS_CAPTION | WS_POPUP), DWORD(WS_CHILD | WS_CAPTION));
-    EXPECT_TRUE(GetWindowLongA(window, GWL_EXSTYLE) & WS_EX_NOPARENTNOTIFY);
-    EXPECT_EQ(GetParent(window), Top()());
-    EXPECT_EQ(GetWindow(window, GW_CHILD), nullptr);
-    EXPECT_STREQ(inside->Title()(), "Inside");
-    DestroyWindow(window);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <map>
 #include <string>
@@ -28,16 +29,11 @@ struct ENTRY {
 // The test program as the module that holds the templates.
 inline vRESID Template(unsigned short id)
 {
-    static struct PROGRAM : vMODULE {
-        PROGRAM() : vMODULE(GetModuleHandleA(nullptr)) {}
-    } program;
+    static struct PROGRAM : vMODULE { PROGRAM() : vMODULE(GetModuleHandleA(nullptr)) {} } program;
     return vRESID(id, &program);
 }
 
-inline std::string Number(long value)
-{
-    return std::to_string(value);
-}
+inline std::string Number(long value) { return std::to_string(value); }
 
 // An application's control on a template edit: it keeps where its value
 // lies, shows it, and writes the edit's contents back into the record.
@@ -46,19 +42,12 @@ public:
     FIELD(vWIN& parent, const vCTRLID& id, const vRECT& rect = vRECT(-1, -1, -1, -1))
         : vCONTROL(parent, id, rect, vSTRING(), static_cast<vCLASSID>(3))
     {
-        if (hWnd) {
-            BindInstance(hWnd);
-            SubClass();
-        } else {
-            lstrcpyA(CreateParams.szClassName, "edit");
-            CreateWin();
-        }
+        if (hWnd)
+            BindInstance(hWnd), SubClass();
+        else
+            lstrcpyA(CreateParams.szClassName, "edit"), CreateWin();
     }
-    static vCONTROL* New(vWIN& parent, vCTRLID& id, vRESID&)
-    {
-        Note("New(" + Number(id) + ")");
-        return new FIELD(parent, id);
-    }
+    static vCONTROL* New(vWIN& parent, vCTRLID& id, vRESID&) { return Note("New(" + Number(id) + ")"), new FIELD(parent, id); }
     void Notification(long code) override { Note(Name() + ".Notification(" + Number(code) + ")"); }
     void SetupView(char* at, unsigned short size) override
     {
@@ -82,7 +71,6 @@ public:
             entry->number = std::atol(typed);
     }
     std::string Name() const { return Number(GetID()); }
-
     char* value = nullptr;
 };
 
@@ -121,17 +109,13 @@ protected:
     ENTRY data = {"Ann", 7};
 };
 
-inline void CALLBACK Bark(HWND, UINT, UINT_PTR, DWORD)
-{
-    Note("watchdog");
-    PostThreadMessageA(GetCurrentThreadId(), WM_CLOSE, 0, 0);
-}
-
 // Runs a modal loop; a close posted to the thread after a while ends it, so
 // that a test whose input went astray fails instead of hanging.
 inline void RunModal(vDIALOG& dialog)
 {
-    UINT_PTR timer = SetTimer(nullptr, 0, 5000, Bark);
+    UINT_PTR timer = SetTimer(nullptr, 0, 5000, [](HWND, UINT, UINT_PTR, DWORD) {
+        Note("watchdog"), PostThreadMessageA(GetCurrentThreadId(), WM_CLOSE, 0, 0);
+    });
     dialog.Modal();
     KillTimer(nullptr, timer);
 }
@@ -144,20 +128,15 @@ inline void Input(const std::vector<WORD>& keys, HWND window = nullptr)
     INPUT input = {};
     input.type = INPUT_KEYBOARD;
     for (WORD key : keys)
-        for (DWORD flags : {0ul, static_cast<unsigned long>(KEYEVENTF_KEYUP)}) {
-            input.ki.wVk = key;
-            input.ki.dwFlags = flags;
-            inputs.push_back(input);
-        }
+        for (DWORD flags : {0ul, static_cast<unsigned long>(KEYEVENTF_KEYUP)})
+            input.ki.wVk = key, input.ki.dwFlags = flags, inputs.push_back(input);
     RECT box;
     if (window && GetWindowRect(window, &box)) {
         SetCursorPos((box.left + box.right) / 2, (box.top + box.bottom) / 2);
         input = {};
         input.type = INPUT_MOUSE;
-        for (DWORD flags : {MOUSEEVENTF_MOVE, MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP}) {
-            input.mi.dwFlags = flags;
-            inputs.push_back(input);
-        }
+        for (DWORD flags : {MOUSEEVENTF_MOVE, MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP})
+            input.mi.dwFlags = flags, inputs.push_back(input);
     }
     SendInput(inputs.size(), inputs.data(), sizeof(INPUT));
 }
@@ -167,18 +146,9 @@ inline Lines Only(const Lines& parts)
 {
     Lines kept;
     for (const std::string& line : Log())
-        for (const std::string& part : parts)
-            if (line.find(part) != std::string::npos) {
-                kept.push_back(line);
-                break;
-            }
+        if (std::any_of(parts.begin(), parts.end(), [&](const std::string& part) { return line.find(part) != std::string::npos; }))
+            kept.push_back(line);
     return kept;
-}
-
-inline Lines operator+(Lines first, const Lines& second)
-{
-    first.insert(first.end(), second.begin(), second.end());
-    return first;
 }
 
 }  // namespace dlgtest

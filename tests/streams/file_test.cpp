@@ -10,12 +10,7 @@ using zktest::FileBytes;
 // A file of the test's own, removed at its end.
 class FileTest : public zktest::LeakFreeTest {
 protected:
-    void TearDown() override
-    {
-        DeleteFileA(path.c_str());
-        zktest::LeakFreeTest::TearDown();
-    }
-
+    void TearDown() override { DeleteFileA(path.c_str()), zktest::LeakFreeTest::TearDown(); }
     std::string path = zktest::TemporaryPath();
     vSTRING name{"%s", path.c_str()};
 };

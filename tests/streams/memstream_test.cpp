@@ -79,30 +79,4 @@ TEST_F(MemStreamTest, OnlyAnOwningStreamGrowsItsBlockAndFillsTheGapsWithZeros)
     EXPECT_EQ(borrowed.Status() + empty.Status(), 2 * vSTREAM_WRITEFAIL);
 }
 
-// A copy works on the same bytes within the room they have and leaves the
-// block to its source; an assigned stream reads the source's bytes from
-// their start, keeps its own size, and cannot grow the block it now shares.
-TEST_F(MemStreamTest, ACopyOrAnAssignedStreamSharesTheBytesButNeitherGrowsNorFreesThem)
-{
-    vMEMSTREAM source;
-    source.WriteULong(0xCAFEF00DUL);
-    source.MoveFromStart(0);
-    {
-        vMEMSTREAM copy(source), assigned;
-        EXPECT_EQ(copy.Size(), 4UL);
-        EXPECT_EQ(copy.ReadULong(), 0xCAFEF00DUL);
-        EXPECT_EQ(copy.WriteULong(0x12345678UL) + copy.WriteULong(1), 4);
-        EXPECT_EQ(copy.Status(), vSTREAM_WRITEFAIL);
-        assigned.WriteUWord(0);
-        assigned = source;
-        EXPECT_EQ(assigned.Size() + assigned.CurrentPos(), 2UL);
-        EXPECT_EQ(assigned.ReadUWord(), 0xF00D);
-        EXPECT_EQ(assigned.WriteULong(1), 0);
-    }
-    EXPECT_EQ(source.ReadULong(), 0xCAFEF00DUL);
-    EXPECT_EQ(source.ReadULong(), 0UL);
-    EXPECT_EQ(source.Status(), vSTREAM_END);
-    EXPECT_EQ(source.WriteULong(0x12345678UL) + source.WriteULong(1), 8);
-}
-
 }  // namespace

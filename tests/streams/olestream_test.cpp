@@ -14,11 +14,7 @@ protected:
         platform->Write(ten, sizeof ten, nullptr);
         platform->Seek(LARGE_INTEGER{{4, 0}}, STREAM_SEEK_SET, nullptr);
     }
-    void TearDown() override
-    {
-        platform->Release();
-        zktest::LeakFreeTest::TearDown();
-    }
+    void TearDown() override { platform->Release(), zktest::LeakFreeTest::TearDown(); }
 
     ULONG References() { return platform->AddRef(), platform->Release(); }
 

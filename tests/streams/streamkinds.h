@@ -33,8 +33,7 @@ inline Bytes FileBytes(const std::string& path)
 inline IStream* EmptyPlatformStream()
 {
     IStream* made = nullptr;
-    CreateStreamOnHGlobal(nullptr, TRUE, &made);
-    return made;
+    return CreateStreamOnHGlobal(nullptr, TRUE, &made), made;
 }
 
 // The three concrete streams, each with the bytes its medium holds, seen
@@ -47,9 +46,7 @@ struct MemoryKind {
     {
         unsigned long at = stream.CurrentPos();
         Bytes bytes(stream.Size());
-        stream.MoveFromStart(0);
-        stream.ReadByteString(bytes.data(), bytes.size());
-        stream.MoveFromStart(at);
+        stream.MoveFromStart(0), stream.ReadByteString(bytes.data(), bytes.size()), stream.MoveFromStart(at);
         return bytes;
     }
 };
