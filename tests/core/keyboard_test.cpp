@@ -29,11 +29,10 @@ TEST_F(KeyboardTest, EachMessageLeavesTheKeyItsModifiersAndItsCharacter)
     const int none = -1;
     struct Row { UINT message; unsigned short key; bool shift, control; unsigned short keyCode; int character; };
     const Row rows[] = {
-        {WM_KEYDOWN, 'A', false, false, 'A', 'a'},          {WM_KEYDOWN, 'A', true, false, 'A', 'A'},
-        {WM_KEYDOWN, '7', false, false, '7', '7'},          {WM_KEYDOWN, VK_RETURN, false, false, VK_RETURN, 13},
-        {WM_KEYDOWN, VK_F1, false, false, VK_F1, none},     {WM_KEYDOWN, VK_LEFT, true, false, VK_LEFT, none},
-        {WM_KEYDOWN, 'Q', false, false, 'Q', 'q'},          {WM_CHAR, 0xE9, false, false, 'Q', 0xE9},
-        {WM_SYSCHAR, 'x', false, true, 'Q', 'x'},           {WM_KEYDOWN, VK_SHIFT, false, false, VK_SHIFT, none},
+        {WM_KEYDOWN, 'A', false, false, 'A', 'a'}, {WM_KEYDOWN, 'A', true, false, 'A', 'A'}, {WM_KEYDOWN, '7', false, false, '7', '7'},
+        {WM_KEYDOWN, VK_RETURN, false, false, VK_RETURN, 13}, {WM_KEYDOWN, VK_F1, false, false, VK_F1, none},
+        {WM_KEYDOWN, VK_LEFT, true, false, VK_LEFT, none}, {WM_KEYDOWN, 'Q', false, false, 'Q', 'q'}, {WM_CHAR, 0xE9, false, false, 'Q', 0xE9},
+        {WM_SYSCHAR, 'x', false, true, 'Q', 'x'}, {WM_KEYDOWN, VK_SHIFT, false, false, VK_SHIFT, none},
         {WM_KEYDOWN, VK_CONTROL, false, false, VK_CONTROL, none},
     };
     for (const Row& row : rows) {
