@@ -12,7 +12,6 @@ namespace {
 class ListTest : public zktest::LeakFreeTest {
 protected:
     using Objects = std::vector<vOBJECT*>;
-
     // The objects from head to tail, checked against the walk from tail to head.
     static Objects Walk(const fLIST& list)
     {
@@ -24,7 +23,6 @@ protected:
         EXPECT_EQ(forward, backward);
         return forward;
     }
-
     vOBJECT a, b, c;
 };
 
@@ -35,22 +33,15 @@ TEST_F(ListTest, AppendPrependAndRemoveKeepTheChainAndEnds)
     unsigned long blocks = vMemLiveBlocks();
     {
         fLIST list;
-        EXPECT_TRUE(list.IsEmpty() && !list.Next(nullptr) && !list.Prev(nullptr) && !list.First());
-        EXPECT_EQ(list.Remove(a), 0);
+        EXPECT_TRUE(list.IsEmpty() && !list.Next(nullptr) && !list.Prev(nullptr) && !list.First() && list.Remove(a) == 0);
         list.Append(b);
         EXPECT_EQ(Walk(list), Objects{&b});
-        list.Prepend(a);
-        list.Append(c);
-        list.Append(a);
-        EXPECT_EQ(vMemLiveBlocks(), blocks + 4);
+        list.Prepend(a), list.Append(c), list.Append(a);
+        EXPECT_TRUE(vMemLiveBlocks() == blocks + 4 && list.NoItems() == 4);
         EXPECT_EQ(Walk(list), (Objects{&a, &b, &c, &a}));
-        EXPECT_EQ(list.NoItems(), 4);
         vOBJECT twin = a;
         EXPECT_TRUE(list.Search(a) && !list.Search(twin) && !list.Remove(twin));
-        EXPECT_EQ(list.Remove(a), 1);
-        EXPECT_EQ(list.Remove(a), 1);
-        EXPECT_EQ(vMemLiveBlocks(), blocks + 2);
-        EXPECT_EQ(list.Remove(c), 1);
+        EXPECT_TRUE(list.Remove(a) == 1 && list.Remove(a) == 1 && vMemLiveBlocks() == blocks + 2 && list.Remove(c) == 1);
         EXPECT_EQ(Walk(list), Objects{&b});
         EXPECT_TRUE(list.First() == &b && list.Last() == &b);
         list.Append(c);
@@ -71,23 +62,19 @@ TEST_F(ListTest, QueuesAndStacks)
         EXPECT_EQ(queue.Pull(), expected);
     EXPECT_TRUE(queue.IsEmpty());
     fSTACK stack;
-    stack.Push(a);
-    stack.Push(b);
+    stack.Push(a), stack.Push(b);
     EXPECT_EQ(stack.Top(), &b);
     for (vOBJECT* expected : {&b, &a, static_cast<vOBJECT*>(nullptr)})
         EXPECT_EQ(stack.Pop(), expected);
     EXPECT_TRUE(stack.IsEmpty());
 }
 
-// Copies and assigned lists share the chain, so none of them is destroyed:
-// only one of the lists sharing a chain may free it.
+// Copies and assigned lists share the chain, so none of them is destroyed: only one may free it.
 TEST_F(ListTest, CopiesAndAssignmentShareTheChain)
 {
     fLIST list;
     fSTACK stack;
-    list.Append(a);
-    stack.Push(a);
-    stack.Push(b);
+    list.Append(a), stack.Push(a), stack.Push(b);
     alignas(fSTACK) unsigned char places[4][sizeof(fSTACK)];
     fLIST* view = new (places[0]) fLIST(list);
     fLIST* assigned = new (places[1]) fLIST;
@@ -96,12 +83,10 @@ TEST_F(ListTest, CopiesAndAssignmentShareTheChain)
     fSTACK* target = new (places[2]) fSTACK;
     fSTACK* answer = new (places[3]) fSTACK(*target = stack);
     EXPECT_TRUE(target->Next(nullptr) == stack.Next(nullptr) && answer->Next(nullptr) == stack.Next(nullptr));
-    EXPECT_EQ(answer->NoItems(), 2);
 }
 
-// A link's death joins its neighbours; it holds its object by identity. An
-// iterator follows the chain and counts on when it runs out; equality compares
-// the counts alone.
+// A link's death joins its neighbours; it holds its object by identity. An iterator follows the chain
+// and counts on when it runs out; equality compares the counts alone.
 TEST_F(ListTest, LinksJoinTheirNeighboursWhenTheyDieAndIteratorsCount)
 {
     fLIST reader;  // empty: its Next and Prev of a link are that link's own pointers
@@ -113,8 +98,7 @@ TEST_F(ListTest, LinksJoinTheirNeighboursWhenTheyDieAndIteratorsCount)
     }
     EXPECT_TRUE(reader.Next(&left) == &right && reader.Prev(&right) == &left);
     fLIST list;
-    list.Append(a);
-    list.Append(b);
+    list.Append(a), list.Append(b);
     ITERATOR iterator, bare;
     iterator.SetLink(list.Next(nullptr));
     EXPECT_TRUE(iterator == bare);
@@ -125,13 +109,12 @@ TEST_F(ListTest, LinksJoinTheirNeighboursWhenTheyDieAndIteratorsCount)
     for (int step = 0; step < 3; ++step)
         iterator.Next();
     EXPECT_TRUE(iterator.GetLink() == nullptr && iterator() == 3);
-    iterator.Reset();
-    iterator.Previous();
+    iterator.Reset(), iterator.Previous();
     EXPECT_EQ(iterator(), 65535);
 }
 
-// Six words with the type in the fourth, which fills the low half of its word
-// on the 64-bit build. A collection of points shares the caller's array.
+// Six words with the type in the fourth, which fills the low half of its word on the 64-bit build.
+// A collection of points shares the caller's array.
 TEST_F(ListTest, CollectionsAreSixWordsAndSharePoints)
 {
     ASSERT_EQ(sizeof(vCOLLECTION), 6 * sizeof(void*));

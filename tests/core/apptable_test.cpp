@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -10,13 +11,7 @@
 namespace {
 
 vAPP* FakeApp(int n) { return reinterpret_cast<vAPP*>(0x1000 + 16 * n); }
-
-HWND MakeWindow()
-{
-    return CreateWindowExA(0, "STATIC", "app table test", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr);
-}
-
-HWND HandleFrom(const std::string& text) { return reinterpret_cast<HWND>(std::stoull(text.empty() ? "0" : text)); }
+HWND MakeWindow() { return CreateWindowExA(0, "STATIC", "", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr); }
 
 struct Walked { HINSTANCE instance; HWND frame, client; };
 
@@ -34,19 +29,15 @@ std::vector<Walked> WalkTable(unsigned short* stepsTaken = nullptr)
 
 const Walked* Find(const std::vector<Walked>& walked, HWND frame)
 {
-    for (const Walked& entry : walked)
-        if (entry.frame == frame)
-            return &entry;
-    return nullptr;
+    auto at = std::find_if(walked.begin(), walked.end(), [frame](const Walked& entry) { return entry.frame == frame; });
+    return at == walked.end() ? nullptr : &*at;
 }
 
 class AppTableTest : public zktest::LeakFreeTest {};
 
-// An application is walked only once it has its windows; the walk's iterator
-// counts on past every entry it gave.
+// An application is walked only once it has its windows; the walk's iterator counts on past every entry it gave.
 TEST_F(AppTableTest, AnApplicationIsWalkedFromRegistrationWithWindowsToUnregistration)
 {
-
     HWND frame = MakeWindow(), client = MakeWindow();
     size_t before = WalkTable().size();
     vSYSTEMACCESS::RegisterApp(FakeApp(1), nullptr, nullptr, nullptr);
@@ -57,40 +48,36 @@ TEST_F(AppTableTest, AnApplicationIsWalkedFromRegistrationWithWindowsToUnregistr
     std::vector<Walked> walked = WalkTable(&steps);
     ASSERT_EQ(walked.size(), before + 1);
     ASSERT_NE(Find(walked, frame), nullptr);
-    EXPECT_EQ(Find(walked, frame)->instance, GetModuleHandleA(nullptr));
-    EXPECT_EQ(Find(walked, frame)->client, client);
+    EXPECT_TRUE(Find(walked, frame)->instance == GetModuleHandleA(nullptr) && Find(walked, frame)->client == client);
     EXPECT_GE(steps, walked.size());
     vSYSTEMACCESS::UnregisterApp(FakeApp(1));
     EXPECT_EQ(vSYSTEM::ActiveApp(), nullptr);
     EXPECT_EQ(Find(WalkTable(), frame), nullptr);
-    DestroyWindow(frame);
-    DestroyWindow(client);
+    DestroyWindow(frame), DestroyWindow(client);
 }
 
-// The child swaps the roles of its two windows as fast as it can, then ends
-// without unregistering.
+// The child swaps the roles of its two windows as fast as it can, then ends without unregistering.
 int FlipAndVanish(const std::vector<std::string>&)
 {
-    HWND first = MakeWindow(), second = MakeWindow();
-    vSYSTEMACCESS::RegisterApp(FakeApp(8), nullptr, first, second);
-    zktest::Report(std::to_string(reinterpret_cast<uintptr_t>(first)) + " " +
-                   std::to_string(reinterpret_cast<uintptr_t>(second)));
+    HWND windows[] = {MakeWindow(), MakeWindow()};
+    vSYSTEMACCESS::RegisterApp(FakeApp(8), nullptr, windows[0], windows[1]);
+    zktest::Report(std::to_string(reinterpret_cast<uintptr_t>(windows[0])) + " " +
+                   std::to_string(reinterpret_cast<uintptr_t>(windows[1])));
     for (int flip = 0; flip < 4000; ++flip)
-        vSYSTEMACCESS::RegisterApp(FakeApp(8), nullptr, flip % 2 ? first : second, flip % 2 ? second : first);
+        vSYSTEMACCESS::RegisterApp(FakeApp(8), nullptr, windows[flip % 2 ? 0 : 1], windows[flip % 2 ? 1 : 0]);
     zktest::Report("done");
     return 0;
 }
 zktest::ChildEntry flipAndVanish("flip-and-vanish", FlipAndVanish);
 
-// Another program is seen while it runs, never with the frame of one
-// registration and the client of the other, and not at all once it has ended:
-// its slot is free again, and the table holds its capacity.
+// Another program is seen while it runs, never with the frame of one registration and the client of the
+// other, and not at all once it has ended: its slot is free again, and the table holds its capacity.
 TEST_F(AppTableTest, OtherProgramsAreWalkedWholeAndForgottenWhenTheyEnd)
 {
     zktest::Child child("flip-and-vanish");
-    std::string handles = child.ReadLine();
-    HWND first = HandleFrom(handles.substr(0, handles.find(' ')));
-    HWND second = HandleFrom(handles.substr(handles.find(' ') + 1));
+    std::string handles = child.ReadLine() + " 0";
+    HWND first = reinterpret_cast<HWND>(std::stoull(handles));
+    HWND second = reinterpret_cast<HWND>(std::stoull(handles.substr(handles.find(' ') + 1)));
     int sightings = 0, torn = 0;
     while (child.ReadLine(0).empty() && child.Wait(0) == STILL_ACTIVE)
         for (const Walked& entry : WalkTable())
@@ -101,8 +88,7 @@ TEST_F(AppTableTest, OtherProgramsAreWalkedWholeAndForgottenWhenTheyEnd)
     EXPECT_GT(sightings, 0);
     EXPECT_EQ(torn, 0);
     EXPECT_EQ(child.Wait(), 0u);
-    EXPECT_EQ(Find(WalkTable(), first), nullptr);
-    EXPECT_EQ(Find(WalkTable(), second), nullptr);
+    EXPECT_TRUE(!Find(WalkTable(), first) && !Find(WalkTable(), second));
     AppTable* table = AppTable::Shared();
     ASSERT_NE(table, nullptr);
     unsigned registered = 0;

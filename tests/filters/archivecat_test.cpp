@@ -18,9 +18,8 @@ TEST(ArchiveCatTest, SettersAddTheirFlagAndEqualityComparesTheFlags)
         {[](vARCHIVECAT& c) { c.Text(); c.Metafile(); c.Bitmap(); }, {1, 1, 1, 1}}};
     for (const auto& row : rows) {
         vARCHIVECAT category, twice;
-        row.first(category);
-        row.first(twice);
-        row.first(twice);
+        for (vARCHIVECAT* each : {&category, &twice, &twice})
+            row.first(*each);
         EXPECT_EQ(std::vector<int>({category.IsText(), category.IsMetafile(), category.IsBitmap(), category.IsPicture()}), row.second);
         EXPECT_EQ(std::vector<int>({category == twice, category == vARCHIVECAT()}), std::vector<int>({1, &row == rows}));
     }

@@ -28,16 +28,9 @@ vSHAPE Overlapping()
 // Logical units per inch as a multiple of the device's, in halves.
 void Halves(vDEVICE& device, long halves)
 {
-    device.LogUnitsPerHorzInch(device.DevUnitsPerHorzInch()() * halves / 2);
-    device.LogUnitsPerVertInch(device.DevUnitsPerVertInch()() * halves / 2);
+    device.LogUnitsPerHorzInch(device.DevUnitsPerHorzInch()() * halves / 2), device.LogUnitsPerVertInch(device.DevUnitsPerVertInch()() * halves / 2);
 }
-
-void Solid(vDEVICE& device, COLORREF colour, vFILLMODE mode = vFILL_ALTERNATE)
-{
-    device.LineSpec(NoLine());
-    device.FillSpec(Fill(colour, vFILL_SOLID, mode));
-}
-
+void Solid(vDEVICE& device, COLORREF colour, vFILLMODE mode = vFILL_ALTERNATE) { device.LineSpec(NoLine()), device.FillSpec(Fill(colour, vFILL_SOLID, mode)); }
 void ExpectSpots(const Pixels& pixels, const Spots& spots)
 {
     for (const auto& spot : spots)
@@ -112,8 +105,8 @@ TEST_F(DeviceTest, EveryDrawingPutsItsInkWhereItBelongs)
         Pixels pixels(device);
         EXPECT_EQ(drawing.ink.empty() ? drawing.ink : pixels.Ink(), drawing.ink);
         ExpectSpots(pixels, drawing.spots);
-        EXPECT_GE(pixels.Count(drawing.counted), drawing.least);
-        EXPECT_LE(pixels.Count(drawing.counted), drawing.most);
+        EXPECT_TRUE(pixels.Count(drawing.counted) >= drawing.least && pixels.Count(drawing.counted) <= drawing.most)
+            << pixels.Count(drawing.counted);
     }
 }
 
@@ -236,15 +229,8 @@ TEST_F(DeviceTest, UnitsConvertByTheirRoundingRules)
     }
 }
 
-vFONTSPEC Font(double expansion)
-{
-    return vFONTSPEC(vSTRING(), vFONT_BOLD, 20, vREAL(expansion), 100, vFONT_PIXELS, vANGLE());
-}
-
-long Height(vDEVICE& device)
-{
-    return (device.GetCurFontDetail()->Ascent() + device.GetCurFontDetail()->Descent())();
-}
+vFONTSPEC Font(double expansion) { return vFONTSPEC(vSTRING(), vFONT_BOLD, 20, vREAL(expansion), 100, vFONT_PIXELS, vANGLE()); }
+long Height(vDEVICE& device) { return (device.GetCurFontDetail()->Ascent() + device.GetCurFontDetail()->Descent())(); }
 
 // "HIH" 20 units high lies across the band from 20 to 60 as aligned and as
 // wide as measured, centred from top to bottom, in the line colour, an opaque
@@ -353,8 +339,7 @@ TEST_F(DeviceTest, ContextAndWindowDevicesLeaveTheContextsAsTheyFoundThem)
             EXPECT_TRUE(pass() && state() == before) << &pass - passes;
     }
     EXPECT_EQ(Ints({GetPixel(foreign.dc, 3, 5) == Red, GetObjectType(foreign.dc) == OBJ_MEMDC}), Ints({1, 1}));
-    DeleteObject(SelectObject(foreign.dc, pen));
-    DeleteObject(SelectObject(foreign.dc, brush));
+    DeleteObject(SelectObject(foreign.dc, pen)), DeleteObject(SelectObject(foreign.dc, brush));
     PatBlt(foreign.dc, 0, 0, 20, 20, BLACKNESS);
     IntersectClipRect(foreign.dc, 0, 0, 10, 20);
     SetROP2(foreign.dc, R2_NOT);

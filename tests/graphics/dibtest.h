@@ -9,6 +9,7 @@
 
 #include "graphics/dib.h"
 #include "streams/stream.h"
+#include "support/streamform.h"
 
 namespace dibtest {
 
@@ -22,10 +23,7 @@ inline void Put(Bytes& bytes, size_t at, unsigned long value, int width)
 }
 
 // The colour that Archive gives to palette index i: distinct, and not a grey ramp.
-inline COLORREF PaletteColour(unsigned long i)
-{
-    return RGB(i * 91 % 256, 255 - i, i * 37 % 256);
-}
+inline COLORREF PaletteColour(unsigned long i) { return RGB(i * 91 % 256, 255 - i, i * 37 % 256); }
 
 // A picture in the stream form built byte by byte, without the library: the
 // value of each pixel (an index, or 0xBBGGRR for 24 bits) from the function
@@ -58,13 +56,9 @@ class MemoryStream {
 public:
     explicit MemoryStream(const Bytes& source)
         : bytes(source), block(bytes.empty() ? nullptr : bytes.data()),
-          stream(&block, static_cast<unsigned long>(bytes.size()), vSTRING("picture.dib"), 0, vSTREAM_READ | vSTREAM_WRITE)
-    {
-    }
-
+          stream(&block, static_cast<unsigned long>(bytes.size()), vSTRING("picture.dib"), 0, vSTREAM_READ | vSTREAM_WRITE) {}
     vSTREAM& operator*() { return stream; }
     vMEMSTREAM* operator->() { return &stream; }
-
 private:
     Bytes bytes;
     unsigned char* block;
@@ -72,15 +66,7 @@ private:
 };
 
 // What a picture writes on a memory stream.
-inline Bytes Written(const oDIB& dib)
-{
-    vMEMSTREAM target;
-    dib >> target;
-    Bytes written(target.Size());
-    target.MoveFromStart(0);
-    target.ReadByteString(written.data(), target.Size());
-    return written;
-}
+inline Bytes Written(const oDIB& dib) { return zktest::StreamForm(dib); }
 
 // Every pixel as a colour, rows from the top, through lines asked for in 24 bits.
 inline Pixels Colours(const oDIB& dib)

@@ -31,13 +31,7 @@ public:
     }
 
     int Read() const { return read; }
-
-    COLORREF At(int x, int y) const
-    {
-        DWORD pixel = bits[y * width + x];
-        return RGB(pixel >> 16 & 0xFF, pixel >> 8 & 0xFF, pixel & 0xFF);
-    }
-
+    COLORREF At(int x, int y) const { DWORD pixel = bits[y * width + x]; return RGB(pixel >> 16 & 0xFF, pixel >> 8 & 0xFF, pixel & 0xFF); }
     int Count(COLORREF colour) const
     {
         int count = 0;
@@ -45,9 +39,7 @@ public:
             count += At(at % width, at / width) == colour;
         return count;
     }
-
     bool operator==(const Pixels& other) const { return bits == other.bits; }
-
     // Left, top, right and bottom (the last two outside) of every pixel not
     // of the background; all zero when there is none.
     std::vector<long> Ink(COLORREF background = Black) const
@@ -59,7 +51,6 @@ public:
                     box = {std::min<long>(box[0], x), std::min<long>(box[1], y), std::max<long>(box[2], x + 1), std::max<long>(box[3], y + 1)};
         return box[2] ? box : std::vector<long>{0, 0, 0, 0};
     }
-
     // For a person to look at: pngs/<name>.png under the current directory.
     void Save(const std::string& name) const
     {
@@ -69,27 +60,20 @@ public:
             pixel |= 0xFF000000;
         WritePng(("pngs/" + name + ".png").c_str(), reinterpret_cast<const unsigned char*>(opaque.data()), width, height);
     }
-
 private:
     int width, height;
     std::vector<DWORD> bits;
     int read;
 };
 
-inline vCOLOUR Colour(COLORREF colour)
-{
-    return vCOLOUR(GetRValue(colour), GetGValue(colour), GetBValue(colour));
-}
+inline vCOLOUR Colour(COLORREF colour) { return vCOLOUR(GetRValue(colour), GetGValue(colour), GetBValue(colour)); }
 
 inline vLINESPEC Line(COLORREF colour, long width, vDASHTYPE dash = vDASH_SOLID, const unsigned char* pattern = nullptr)
 {
     return vLINESPEC(vLINE_SOLID, Colour(colour), width, vCORNER_MITRE, dash, pattern);
 }
 
-inline vLINESPEC NoLine()
-{
-    return vLINESPEC(vLINE_NONE, vCOLOUR(), 1, vCORNER_MITRE, vDASH_SOLID, nullptr);
-}
+inline vLINESPEC NoLine() { return vLINESPEC(vLINE_NONE, vCOLOUR(), 1, vCORNER_MITRE, vDASH_SOLID, nullptr); }
 
 inline vFILLSPEC Fill(COLORREF colour, vFILLTYPE type = vFILL_SOLID, vFILLMODE mode = vFILL_ALTERNATE, COLORREF back = Black)
 {
@@ -118,14 +102,8 @@ struct ForeignContext {
         SelectObject(dc, bitmap);
         PatBlt(dc, 0, 0, side, side, BLACKNESS);
     }
-    ~ForeignContext()
-    {
-        DeleteDC(dc);
-        DeleteObject(bitmap);
-    }
-
+    ~ForeignContext() { DeleteDC(dc), DeleteObject(bitmap); }
     Pixels Read() const { return Pixels(bitmap, side, side); }
-
     const int side;
     HDC dc;
     HBITMAP bitmap;
@@ -135,22 +113,10 @@ struct ForeignContext {
 class SurfaceTest : public LeakFreeTest {
 protected:
     static constexpr int Side = 100;
-
-    void SetUp() override
-    {
-        LeakFreeTest::SetUp();
-        memory.emplace(vSIZE(Side, Side));
-    }
-
-    void TearDown() override
-    {
-        memory.reset();
-        LeakFreeTest::TearDown();
-    }
-
+    void SetUp() override { LeakFreeTest::SetUp(), memory.emplace(vSIZE(Side, Side)); }
+    void TearDown() override { memory.reset(), LeakFreeTest::TearDown(); }
     vMEMDEVICE& device() { return *memory; }
     Pixels Read() { return Pixels(*memory); }
-
 private:
     std::optional<vMEMDEVICE> memory;
 };

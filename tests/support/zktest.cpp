@@ -19,18 +19,8 @@ namespace {
 const char childSwitch[] = "--zk-child=";
 TraceCapture* activeCapture = nullptr;
 
-std::map<std::string, ChildBody>& Registry()
-{
-    static std::map<std::string, ChildBody> bodies;
-    return bodies;
-}
-
-std::string WithoutReturn(std::string line)
-{
-    if (!line.empty() && line.back() == '\r')
-        line.pop_back();
-    return line;
-}
+std::map<std::string, ChildBody>& Registry() { static std::map<std::string, ChildBody> bodies; return bodies; }
+std::string WithoutReturn(std::string line) { return !line.empty() && line.back() == '\r' ? line.substr(0, line.size() - 1) : line; }
 }  // namespace
 
 void LeakFreeTest::SetUp() { blocksBefore = vMemLiveBlocks(); }
@@ -77,19 +67,17 @@ Child::Child(const std::string& name, const std::string& arguments) : process{},
     HANDLE childIn = nullptr, childOut = nullptr;
     CreatePipe(&childIn, &toChild, &inherit, 0);
     CreatePipe(&fromChild, &childOut, &inherit, 0);
-    SetHandleInformation(toChild, HANDLE_FLAG_INHERIT, 0);
-    SetHandleInformation(fromChild, HANDLE_FLAG_INHERIT, 0);
+    for (HANDLE ours : {toChild, fromChild})
+        SetHandleInformation(ours, HANDLE_FLAG_INHERIT, 0);
     STARTUPINFOA startup{};
-    startup.cb = sizeof startup;
-    startup.dwFlags = STARTF_USESTDHANDLES;
+    startup.cb = sizeof startup, startup.dwFlags = STARTF_USESTDHANDLES;
     startup.hStdInput = childIn;
     startup.hStdOutput = startup.hStdError = childOut;
     char program[MAX_PATH];
     GetModuleFileNameA(nullptr, program, MAX_PATH);
     std::string commandLine = std::string("\"") + program + "\" " + childSwitch + name + " " + arguments;
     CreateProcessA(nullptr, &commandLine[0], nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup, &process);
-    CloseHandle(childIn);
-    CloseHandle(childOut);
+    CloseHandle(childIn), CloseHandle(childOut);
 }
 
 Child::~Child()
@@ -127,15 +115,15 @@ std::string Child::ReadLine(DWORD timeoutMs)
     while ((end = pending.find('\n')) == std::string::npos)
         if (!FillBuffer(deadline))
             return std::string();
-    std::string line = pending.substr(0, end);
+    std::string line = WithoutReturn(pending.substr(0, end));
     pending.erase(0, end + 1);
-    return WithoutReturn(line);
+    return line;
 }
 
 std::string Child::ReadRest(DWORD timeoutMs)
 {
-    for (DWORD deadline = GetTickCount() + timeoutMs; FillBuffer(deadline);) {
-    }
+    for (DWORD deadline = GetTickCount() + timeoutMs; FillBuffer(deadline);)
+        ;
     std::string rest;
     rest.swap(pending);
     return rest;
@@ -157,18 +145,11 @@ DWORD Child::Wait(DWORD timeoutMs)
 
 void Report(const std::string& line) { std::printf("%s\n", line.c_str()); std::fflush(stdout); }
 
-std::string Listen()
-{
-    std::string line;
-    std::getline(std::cin, line);
-    return WithoutReturn(line);
-}
+std::string Listen() { std::string line; std::getline(std::cin, line); return WithoutReturn(line); }
 
 BoxWatcher::BoxWatcher(const std::string& caption, int button, DWORD timeoutMs)
     : caption(caption), button(button), timeoutMs(timeoutMs), seen(false),
-      thread(CreateThread(nullptr, 0, &BoxWatcher::Watch, this, 0, nullptr))
-{
-}
+      thread(CreateThread(nullptr, 0, &BoxWatcher::Watch, this, 0, nullptr)) {}
 
 BoxWatcher::~BoxWatcher() { Seen(); CloseHandle(thread); }
 
@@ -180,10 +161,8 @@ DWORD WINAPI BoxWatcher::Watch(void* self)
         if (box && IsWindowVisible(box)) {
             char text[512] = {};
             GetDlgItemTextA(box, 0xFFFF, text, sizeof text);  // the text of a platform message box
-            watcher->text = text;
-            watcher->seen = true;
-            PostMessageA(box, WM_COMMAND, watcher->button, 0);
-            return 0;
+            watcher->text = text, watcher->seen = true;
+            return PostMessageA(box, WM_COMMAND, watcher->button, 0), 0;
         }
     }
     return 0;
