@@ -109,13 +109,17 @@ protected:
     ENTRY data = {"Ann", 7};
 };
 
+inline void CALLBACK Watchdog(HWND, UINT, UINT_PTR, DWORD)
+{
+    Note("watchdog");
+    PostThreadMessageA(GetCurrentThreadId(), WM_CLOSE, 0, 0);
+}
+
 // Runs a modal loop; a close posted to the thread after a while ends it, so
 // that a test whose input went astray fails instead of hanging.
 inline void RunModal(vDIALOG& dialog)
 {
-    UINT_PTR timer = SetTimer(nullptr, 0, 5000, [](HWND, UINT, UINT_PTR, DWORD) {
-        Note("watchdog"), PostThreadMessageA(GetCurrentThreadId(), WM_CLOSE, 0, 0);
-    });
+    UINT_PTR timer = SetTimer(nullptr, 0, 5000, Watchdog);
     dialog.Modal();
     KillTimer(nullptr, timer);
 }
