@@ -131,11 +131,6 @@ vCLASSID vDROPLISTBOX::GetClassID()
     return CLASSID_DROPLISTBOX;
 }
 
-LRESULT vDROPLISTBOX::Send(UINT message, WPARAM wParam, LPARAM lParam) const
-{
-    return SendMessageA(hWnd, message, wParam, lParam);
-}
-
 // The items are measured by their ascent, where a list takes the whole
 // height of a line; the field and the items get the same height.
 void vDROPLISTBOX::ItemSize(const vSIZE& size)
@@ -143,10 +138,7 @@ void vDROPLISTBOX::ItemSize(const vSIZE& size)
     vINT width = size.Width() == 0 ? bound.Width() : size.Width();
     vINT height = size.Height();
     if (height == 0) {
-        TEXTMETRICA metrics = {};
-        GetTextMetricsA(ActivateDC(), &metrics);
-        ReleaseDC();
-        height = metrics.tmAscent;
+        height = LineMetrics().tmAscent;
     }
     itemSize = vSIZE(width, height);
     Send(CB_SETITEMHEIGHT, FieldItem, height());

@@ -115,8 +115,4 @@ protected:
 
     int pendingEdit;
     unsigned short noDropRows;
-
-private:
-    LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
-    LRESULT SendToItems(UINT message, WPARAM wParam, LPARAM lParam) const;
 };

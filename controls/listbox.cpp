@@ -211,6 +211,15 @@ LRESULT vLISTBOX::Send(UINT message, WPARAM wParam, LPARAM lParam) const
     return SendMessageA(hWnd, message, wParam, lParam);
 }
 
+// The measures of a line of text in the list's own context.
+TEXTMETRICA vLISTBOX::LineMetrics()
+{
+    TEXTMETRICA metrics = {};
+    GetTextMetricsA(ActivateDC(), &metrics);
+    ReleaseDC();
+    return metrics;
+}
+
 // Copies a text, cut to the longest item, to the process buffer.
 char* vLISTBOX::ItemText(const vSTRING& text)
 {
@@ -328,10 +337,7 @@ void vLISTBOX::ItemSize(const vSIZE& size)
     vINT width = size.Width() == 0 ? bound.Width() : size.Width();
     vINT height = size.Height();
     if (height == 0) {
-        TEXTMETRICA metrics = {};
-        GetTextMetricsA(ActivateDC(), &metrics);
-        ReleaseDC();
-        height = metrics.tmHeight;
+        height = LineMetrics().tmHeight;
     }
     itemSize = vSIZE(width, height);
     HWND itemParent = ItemParent();

@@ -123,6 +123,7 @@ private:
     // What the list and the drop-down list do alike, each with its own
     // messages.
     static char* ItemText(const vSTRING& text);
+    TEXTMETRICA LineMetrics();
     void AddItem(UINT add, UINT setData, const vSTRING& text, const vOBJECT* data);
     void RemoveMatching(UINT find, const vSTRING& text, int once);
     vSTRING TextOf(UINT get, unsigned short index);
