@@ -40,3 +40,8 @@
 // The pointer forms of a drag: over a window that takes a drop, and elsewhere.
 #define CUR_DROPALLOWED 32500
 #define CUR_NODROP 32505
+
+// The picture sheets: drive and folder pictures on blue, and the check box,
+// radio and stepping-arrow marks. scripts/draw-bitmaps.py draws them.
+#define BMP_DRIVES 32000
+#define BMP_MARKS 32001

@@ -30,7 +30,7 @@ TEST_F(MenuTest, ItemsAreFoundAndChangedInPlace)
     EXPECT_EQ(menu.Position(vSTRING("Twelve")), -1);
     EXPECT_TRUE(menu.ItemID(vSTRING("Two")) == vCTRLID(2) && menu.Label(vCTRLID(1)) == vSTRING("One"));
     menu.Remove(0), menu.Remove(1), menu.Modify(0, vCTRLID(4), vSTRING("Four"));
-    vBITMAP picture(vRESID(32000, vSYSTEM::Pointer()));
+    vBITMAP picture(vRESID(32099, vSYSTEM::Pointer()));
     EXPECT_EQ(menu.Insert(0, picture) + menu.Append(vCTRLID(5), picture) +
                   menu.Modify(static_cast<unsigned short>(0), picture), 0);
     EXPECT_EQ(Items(H(menu)), (Lines{"4 Four", "1 One"}));

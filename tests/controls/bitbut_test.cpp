@@ -67,7 +67,7 @@ TEST_F(BitButTest, ResizedOnlyWhenTheFaceDoesNotFitAndDefaultWhenAsked)
     PROBE* kept = new PROBE(*parent, vCTRLID(7), plain, vRECT(0, 0, 22, 22));
     PROBE* grown = new PROBE(*parent, vCTRLID(8), plain, vRECT(0, 0, 22, 21), 1);
     vCTRLID id(9);
-    vRESID missing(32000, vSYSTEM::Pointer());
+    vRESID missing(32099, vSYSTEM::Pointer());
     vCONTROL* empty = vBITBUT::New(*parent, id, missing);
     const struct {
         HWND window;
