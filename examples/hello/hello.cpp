@@ -8,6 +8,7 @@
 // of the frame and one of the filled-in dialog as PNGs, and closes itself.
 #include <zkshell.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <string>
 
@@ -145,12 +146,13 @@ public:
     SKETCH(const vAPP& app, const vSTRING& title, const DETAILS_DATA& details, int number)
         : vDOCWIN(app, Box(0, 0, 640, 420), title, WF_SIZING, CF_MAXBOX | CF_MINBOX | CF_SYSMENU),
           marker(At(80 + 60 * (number % 4), 210)), caption(vSTRING("Hello, sketch %d", number)),
-          details(details)
+          details(details), view(At(0, 0))
     {
     }
 
     int vDraw(const vRECT&) override
     {
+        Origin(view);
         DrawScene();
         DrawMarker();
         DrawCaption();
@@ -172,7 +174,46 @@ public:
         return 1;
     }
 
+    // A window smaller than the canvas shows its own scroll bars. The library
+    // names a horizontal step by the way the picture moves, so the left arrow
+    // asks for vScrollIncRight; the vertical steps are named by the view.
+    int vSize(const vRECT&) override { return ScrollBy(0, 0); }
+    int vScrollIncRight() override { return ScrollBy(-LineStep, 0); }
+    int vScrollIncLeft() override { return ScrollBy(LineStep, 0); }
+    int vScrollPageRight() override { return ScrollBy(-PageStep, 0); }
+    int vScrollPageLeft() override { return ScrollBy(PageStep, 0); }
+    int vScrollIncUp() override { return ScrollBy(0, -LineStep); }
+    int vScrollIncDown() override { return ScrollBy(0, LineStep); }
+    int vScrollPageUp() override { return ScrollBy(0, -PageStep); }
+    int vScrollPageDown() override { return ScrollBy(0, PageStep); }
+
 private:
+    static constexpr long CanvasWidth = 640;
+    static constexpr long CanvasHeight = 420;
+    static constexpr long LineStep = 16;
+    static constexpr long PageStep = 160;
+
+    // Moves the view, kept on the canvas, and sets each bar to what is left
+    // to see; a bar with nothing to show goes away.
+    int ScrollBy(long dx, long dy)
+    {
+        RECT client;
+        GetClientRect(hWnd, &client);
+        long x = Within(view.x() + dx, CanvasWidth - client.right);
+        long y = Within(view.y() + dy, CanvasHeight - client.bottom);
+        SetScrollRange(hWnd, SB_HORZ, 0, std::max(0L, CanvasWidth - client.right), FALSE);
+        SetScrollPos(hWnd, SB_HORZ, x, TRUE);
+        SetScrollRange(hWnd, SB_VERT, 0, std::max(0L, CanvasHeight - client.bottom), FALSE);
+        SetScrollPos(hWnd, SB_VERT, y, TRUE);
+        if (x != view.x() || y != view.y()) {
+            view = At(x, y);
+            Invalidate();
+        }
+        return 1;
+    }
+
+    static long Within(long value, long most) { return std::max(0L, std::min(value, most)); }
+
     int MoveMarker(const vPOINT& point)
     {
         marker = point;
@@ -182,7 +223,8 @@ private:
 
     void DrawScene()
     {
-        vRECT area = ClientSize();
+        vRECT seen = ClientSize();
+        vRECT area = Box(0, 0, std::max(CanvasWidth, seen.Right()()), std::max(CanvasHeight, seen.Bottom()()));
         LineSpec(Line(ink, 0));
         FillSpec(Fill(vFILL_GRADIENT_LINEAR, sky, paper, 90));
         DrawRect(area);
@@ -223,6 +265,7 @@ private:
     vPOINT marker;
     vSTRING caption;
     const DETAILS_DATA& details;
+    vPOINT view;
 };
 
 // The open sketches, one item each with a swatch of its own colour: choosing
