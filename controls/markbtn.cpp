@@ -26,8 +26,12 @@ const DWORD CheckStyle = BS_OWNERDRAW;
 // The gap between a mark and its label.
 const long LabelGap = 6;
 
-const unsigned short CheckedState = 1;
-const unsigned short ConfusedState = 2;
+// What Confuse sends as the state; the third state's number goes in the
+// other argument.
+const WPARAM ConfuseCheck = 5;
+
+// The label greys while the button is disabled.
+const int GreyWhenDisabled = 1;
 
 vBITMAP* Cut(const vRECT& cell)
 {
@@ -65,7 +69,8 @@ struct LABEL {
 // rectangle, and with it the focus frame, to the text.
 void DrawLabelBehind(vCONTROL& control, const LABEL& label)
 {
-    unsigned short width = control.DrawLabel(vRECT(label.left, label.top, label.right, label.bottom), vTEXT_LEFT, 1);
+    vRECT place(label.left, label.top, label.right, label.bottom);
+    unsigned short width = control.DrawLabel(place, vTEXT_LEFT, GreyWhenDisabled);
     label.right = label.left + width;
     label.labelRight = label.labelLeft + width;
 }
@@ -119,8 +124,8 @@ vRADIOBTN::vRADIOBTN(const vWIN& parent, const vCTRLID& id, const vSTRING& capti
     : vBUTTON(parent, id, caption, rect, 0, classId), groupFirst(0), groupLast(0), checked(0),
       normalMark(Cut(RadioNormalCell)), selectedMark(Cut(RadioSelectedCell)), disabledMark(Cut(RadioDisabledCell))
 {
-    // The window does not exist yet, so its title is empty: the label is
-    // drawn from the kept text.
+    // A window made from code does not exist yet, so its title is empty: the
+    // label is drawn from the kept text.
     vSTRING title = vBUTTON::Text();
     CreateParams.lpszTitle = title();
     PlaceLabelBehind(*normalMark, left, labelLeft, labelRight);
@@ -237,7 +242,8 @@ const vBITMAP* vRADIOBTN::ShownMark()
 
 int vRADIOBTN::ccPaint(tagDRAWITEMSTRUCT* item)
 {
-    return PaintItem(*this, *item, {left, top, right, bottom, labelLeft, labelRight}, *normalMark, ShownMark(), &RadioKey);
+    LABEL label = {left, top, right, bottom, labelLeft, labelRight};
+    return PaintItem(*this, *item, label, *normalMark, ShownMark(), &RadioKey);
 }
 
 // ------------------------------------------------------------------ vCHECKBOX
@@ -312,12 +318,12 @@ void vCHECKBOX::Notification(long code)
 
 void vCHECKBOX::Check()
 {
-    SendMessageA(hWnd, BM_SETCHECK, CheckedState, 0);
+    SendMessageA(hWnd, BM_SETCHECK, BST_CHECKED, 0);
 }
 
 void vCHECKBOX::Uncheck()
 {
-    SendMessageA(hWnd, BM_SETCHECK, 0, 0);
+    SendMessageA(hWnd, BM_SETCHECK, BST_UNCHECKED, 0);
 }
 
 // The two numbers stand crossed: the state becomes 5, which is neither
@@ -325,17 +331,17 @@ void vCHECKBOX::Uncheck()
 // kept; the third state is reached only by BM_SETCHECK with 2.
 void vCHECKBOX::Confuse()
 {
-    SendMessageA(hWnd, BM_SETCHECK, 5, ConfusedState);
+    SendMessageA(hWnd, BM_SETCHECK, ConfuseCheck, BST_INDETERMINATE);
 }
 
 int vCHECKBOX::Checked()
 {
-    return state == CheckedState;
+    return state == BST_CHECKED;
 }
 
 int vCHECKBOX::Confused()
 {
-    return state == ConfusedState;
+    return state == BST_INDETERMINATE;
 }
 
 // Disabled goes before the state.
@@ -353,5 +359,6 @@ const vBITMAP* vCHECKBOX::ShownMark()
 
 int vCHECKBOX::ccPaint(tagDRAWITEMSTRUCT* item)
 {
-    return PaintItem(*this, *item, {left, top, right, bottom, labelLeft, labelRight}, *normalMark, ShownMark(), nullptr);
+    LABEL label = {left, top, right, bottom, labelLeft, labelRight};
+    return PaintItem(*this, *item, label, *normalMark, ShownMark(), nullptr);
 }
