@@ -44,8 +44,7 @@ TEST_F(ToggleTest, TheMouseFlipsTheLastingStateOnlyByAReleaseStrictlyInside)
     ShowPainted(warm), DestroyWindow(warm), wintest::Pump();
     unsigned long objects = zktest::LiveGdiObjects();
     PROBE* toggle = new PROBE(*parent, vCTRLID(7), vSTRING("Bold"), vRECT(20, 20, 120, 50));
-    toggle->SetupView(nullptr, 0);
-    ShowPainted((*toggle)());
+    toggle->SetupView(nullptr, 0), ShowPainted((*toggle)());
     Log().clear();
     for (const auto& row : rows) {
         SCOPED_TRACE(row.what);
