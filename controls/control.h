@@ -77,4 +77,6 @@ private:
 #include "controls/button.h"
 #include "controls/bitbut.h"
 #include "controls/repeatkey.h"
+#include "controls/togglebtn.h"
+#include "controls/markbtn.h"
 #include "controls/listbox.h"
