@@ -12,9 +12,8 @@ class BAR : public vVERTSCRLBAR { public: using vVERTSCRLBAR::vVERTSCRLBAR; usin
 // a release on another, queued before the bar's own tracking loop takes them.
 void Drag(HWND window, LONG object, int from, int to)
 {
-    SCROLLBARINFO info = {};
-    info.cbSize = sizeof info, GetScrollBarInfo(window, object, &info);
-    RECT& r = info.rcScrollBar;
+    SCROLLBARINFO info = {sizeof info, {}, 0, 0, 0, 0, {}};
+    RECT& r = (GetScrollBarInfo(window, object, &info), info.rcScrollBar);
     bool vertical = r.bottom - r.top > r.right - r.left;
     long length = vertical ? r.bottom - r.top : r.right - r.left, arrow = info.dxyLineButton, top = info.xyThumbTop, bottom = info.xyThumbBottom;
     long along[] = {arrow / 2, (arrow + top) / 2, (top + bottom) / 2, (bottom + length - arrow) / 2, length - arrow / 2};
@@ -32,8 +31,7 @@ TEST_F(ControlTest, EveryPartOfABarReachesTheHandlersItsRulesName)
         {{"IncRight", "IncRight"}, {"PageLeft"}, {"PageDown"}}, {{"IncRight", "IncRight"}, {"IncLeft"}, {"IncDown"}}};
     VIEW *a = new VIEW(*parent, vRECT(0, 0, 9, 9), "a"), *b = new VIEW(*parent, vRECT(0, 0, 9, 9), "b"), *own = new VIEW(*parent, vRECT(60, 40, 200, 130), "own");
     vSCROLLBAR* bars[] = {new vVERTSCRLBAR(*parent, vCTRLID(3), vRECT(1, 10, 20, 190)), new vHORZSCRLBAR(*parent, vCTRLID(4), vRECT(30, 150, 290, 170))};
-    for (vSCROLLBAR* bar : bars)
-        bar->AttachWindow(a), bar->AttachWindow(b), bar->ScrollRange(vRANGE(vINT(0), vINT(3))), bar->ThumbPos(vINT(1)), bar->Show();
+    for (vSCROLLBAR* bar : bars) bar->AttachWindow(a), bar->AttachWindow(b), bar->ScrollRange(vRANGE(vINT(0), vINT(3))), bar->ThumbPos(vINT(1)), bar->Show();
     for (int side : {SB_HORZ, SB_VERT})
         ShowScrollBar((*own)(), side, TRUE), SetScrollRange((*own)(), side, 0, 3, FALSE), SetScrollPos((*own)(), side, 1, TRUE), ShowWindow((*own)(), SW_SHOW);
     std::pair<HWND, LONG> targets[] = {{(*bars[0])(), OBJID_CLIENT}, {(*bars[1])(), OBJID_CLIENT}, {(*own)(), OBJID_HSCROLL}, {(*own)(), OBJID_VSCROLL}};

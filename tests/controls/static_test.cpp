@@ -13,28 +13,29 @@ struct HOST : PARENT {
     { return message == WM_GETFONT && font ? (result = reinterpret_cast<LRESULT>(font), 1) : PARENT::MsgHandler(message, wParam, lParam, result); }
 };
 
-// Hidden at first; a zero rectangle takes the text's width in the parent's font for both sides, and keeps its zero
-// size without a font; the height is the width. The colour waits for the next drawing.
+// Hidden at first, even adopted from a shown item; a zero rectangle takes the text's width in the parent's font for
+// both sides, and keeps its zero size without a font; the height is the width. The colour waits for the next drawing.
 TEST_F(ControlTest, TextSizesByTheParentsFontAndColoursAtTheNextDrawing)
 {
     HFONT font = CreateFontA(-24, 0, 0, 0, FW_BOLD, 0, 0, 0, 0, 0, 0, NONANTIALIASED_QUALITY, 0, "Arial");
     unsigned long gdi = 0;  // counted once the platform's caches are warm
     for (HFONT given : {font, HFONT()})
-        for (vRECT rect : {vRECT(0, 0, 0, 0), vRECT(5, 5, 200, 50)}) {
-            HOST* host = new HOST(*parent, given);
-            vTEXT* text = new vTEXT(*host, vCTRLID(5), rect, vSTRING("Wide text"));
+        for (bool adopt : {false, true}) {
+            HOST* host = new HOST(*parent, given, adopt ? 500 : 0);
+            if (adopt) CreateWindowExA(0, "static", "", WS_CHILD | WS_VISIBLE, 5, 5, 195, 45, (*host)(), HMENU(5), nullptr, nullptr);
+            vTEXT* text = new vTEXT(*host, vCTRLID(5), adopt ? vRECT(-1, -1, -1, -1) : vRECT(0, 0, 0, 0), vSTRING("Wide text"));
             HDC dc = GetDC(nullptr);
             SIZE extent;
             SelectObject(dc, font), GetTextExtentPoint32A(dc, "Wide text", 9, &extent), ReleaseDC(nullptr, dc);
             EXPECT_EQ(wintest::Placed((*text)()) + (IsWindowVisible((*text)()) ? " shown" : ""),
-                      wintest::Text(given && rect == vRECT(0, 0, 0, 0) ? vRECT(0, 0, extent.cx, extent.cx) : rect));
+                      wintest::Text(adopt ? vRECT(5, 5, 200, 50) : vRECT(0, 0, given ? extent.cx : 0, given ? extent.cx : 0)));
             EXPECT_EQ(std::make_pair(text->GetTextHeight()(), text->GetTextWidth()() == extent.cx), std::make_pair(text->GetTextWidth()(), given != nullptr));
             text->Show(), ShowPainted((*text)()), text->SetTextColour(vCOLOUR(255, 0, 0));
             EXPECT_EQ(Shot((*text)()).Count(zktest::Red), 0);
             ShowPainted((*text)());
             zktest::Pixels shot = Shot((*text)());
-            EXPECT_GE(shot.Count(zktest::Red), 40 * (rect.Width()() > 0));
-            if (given && rect.Width()()) shot.Save("text");
+            EXPECT_GE(shot.Count(zktest::Red), 40 * (adopt || given));
+            if (adopt && given) shot.Save("text");
             DestroyWindow((*host)()), PumpFor(20);
             gdi = gdi ? gdi : zktest::LiveGdiObjects();
         }
