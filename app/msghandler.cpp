@@ -386,11 +386,18 @@ int vWIN::vEraseBkg()
 }
 
 // Left and right are crossed on purpose: a line to the left scrolls the view
-// right. The vertical steps are not crossed.
+// right. The vertical steps are not crossed. A message from a free-standing
+// bar goes to the windows attached to it, in both directions as horizontal
+// and with the thumb position standing for the code: attached windows have
+// always heard bars that way. A bar that is no object of the library is
+// passed over.
 void vWIN::DoHScroll(WPARAM wParam, LPARAM lParam)
 {
-    if (lParam)
+    if (lParam) {
+        if (vSCROLLBAR* bar = dynamic_cast<vSCROLLBAR*>(Instance(reinterpret_cast<HWND>(lParam))))
+            bar->ScrollHandler(WM_HSCROLL, HIWORD(wParam));
         return;
+    }
     switch (LOWORD(wParam)) {
     case SB_LINELEFT:
         vScrollIncRight();
@@ -409,8 +416,11 @@ void vWIN::DoHScroll(WPARAM wParam, LPARAM lParam)
 
 void vWIN::DoVScroll(WPARAM wParam, LPARAM lParam)
 {
-    if (lParam)
+    if (lParam) {
+        if (vSCROLLBAR* bar = dynamic_cast<vSCROLLBAR*>(Instance(reinterpret_cast<HWND>(lParam))))
+            bar->ScrollHandler(WM_HSCROLL, HIWORD(wParam));
         return;
+    }
     switch (LOWORD(wParam)) {
     case SB_LINEUP:
         vScrollIncUp();

@@ -80,3 +80,5 @@ private:
 #include "controls/togglebtn.h"
 #include "controls/markbtn.h"
 #include "controls/listbox.h"
+#include "controls/scrollbar.h"
+#include "controls/static.h"
