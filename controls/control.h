@@ -78,3 +78,5 @@ private:
 #include "controls/bitbut.h"
 #include "controls/repeatkey.h"
 #include "controls/listbox.h"
+#include "controls/editline.h"
+#include "controls/nudge.h"
