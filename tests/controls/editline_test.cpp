@@ -7,7 +7,6 @@ using namespace edittest;
 namespace {
 
 using EditLine = ControlTest;
-using EditBox = ControlTest;
 
 // A parent's font height below 1 is the size as it stands, one above counts 3/4, only weight 700 is bold; without
 // a parent's font the size is 2/3 of the client height (the platform's frame is inside), 40 and then 22. The
@@ -25,14 +24,13 @@ TEST_F(EditLine, TheFontFollowsTheParentsFontOrTheHeightAndTheEdgeFollowsThePlat
         LINE line(owner, vCTRLID(5), vSTRING(), vRECT(0, 0, 100, 40));
         LOGFONTA made = fontOf(line());
         line.Size(vRECT(0, 0, 100, 22)), ShowPainted(line());
-        EXPECT_EQ(std::vector<LONG>({made.lfHeight, made.lfWeight >= FW_BOLD, fontOf(line()).lfHeight, line.Length()()}),
-                  std::vector<LONG>({row.size, row.bold, row.resized, 0})) << row.height;
-        EXPECT_STREQ(made.lfFaceName, "Helv");
         zktest::Pixels edged = Shot(line());
-        EXPECT_EQ(std::vector<COLORREF>({edged.At(0, 11), edged.At(50, 0), edged.At(50, 11)}),
-                  std::vector<COLORREF>({GetSysColor(COLOR_BTNSHADOW), GetSysColor(COLOR_BTNSHADOW), GetSysColor(COLOR_WINDOW)}));
-        edged.Save("editline-edge");
-        DestroyWindow(holder), DeleteObject(font);
+        EXPECT_EQ(std::vector<LONG>({made.lfHeight, made.lfWeight >= FW_BOLD, fontOf(line()).lfHeight, line.Length()(),
+                                     !lstrcmpA(made.lfFaceName, "Helv"), LONG(edged.At(0, 11)), LONG(edged.At(50, 0))}),
+                  std::vector<LONG>({row.size, row.bold, row.resized, 0, 1, LONG(GetSysColor(COLOR_BTNSHADOW)),
+                                     LONG(GetSysColor(COLOR_BTNSHADOW))})) << row.height;
+        EXPECT_EQ(edged.At(50, 11), GetSysColor(COLOR_WINDOW));
+        edged.Save("editline-edge"), DestroyWindow(holder), DeleteObject(font);
     }
 }
 
@@ -66,7 +64,7 @@ TEST_F(EditLine, TypedChangesUpdateTheViewAndTheLimitStopsTyping)
 
 // ViewRow sums the lengths of the rows holding the characters 0, 1, 2..., so it answers a later row than the
 // caret's (truly 0, 0, 0, 1, 2 below); ViewRow(row) puts the caret at the sum of the starts of the rows before.
-TEST_F(EditBox, ViewRowsCountByCharactersAndSumTheRowStarts)
+TEST_F(EditLine, AnEditBoxsViewRowsCountByCharactersAndSumTheRowStarts)
 {
     vEDITBOX* box = new vEDITBOX(*parent, vCTRLID(5), vSTRING("abc\r\ndefgh\r\nij"), vINT(9), vRECT(10, 10, 200, 100));
     HWND h = (*box)();

@@ -7,15 +7,10 @@ namespace {
 // A nudge far right in its parent, so that its keys, placed in the platform font's dialog units, stand left of it.
 class NudgeTest : public ControlTest {
 protected:
-    void SetUp() override
-    {
-        ControlTest::SetUp();
-        nudge = new NUDGE(*parent, vCTRLID(5), vRECT(200, 10, 260, 90));
-        up = GetDlgItem((*parent)(), 100), down = GetDlgItem((*parent)(), 101);
-        ShowPainted((*nudge)()), ShowPainted(up), ShowPainted(down);
-    }
-    // Moves once while the button is down, which arms a repeat key's timer.
-    void Press(HWND key, DWORD ms)
+    void SetUp() override { ControlTest::SetUp(), nudge = Made(*parent), up = Key(*parent, 100), down = Key(*parent, 101); }
+    static NUDGE* Made(vWIN& in) { return new NUDGE(in, vCTRLID(5), vRECT(200, 10, 260, 90)); }
+    static HWND Key(vWIN& in, int id) { return ShowPainted((*in.Child(vCTRLID(5)))()), ShowPainted(GetDlgItem(in(), id)), GetDlgItem(in(), id); }
+    static void Press(HWND key, DWORD ms)
     {
         MouseTo(key, 8, 8), PumpFor(30), Mouse(MOUSEEVENTF_LEFTDOWN), PumpFor(30), MouseTo(key, 9, 8), PumpFor(ms);
         Mouse(MOUSEEVENTF_LEFTUP), PumpFor(60);
@@ -24,9 +19,8 @@ protected:
     HWND up = nullptr, down = nullptr;
 };
 
-// Each key is half the field high, right of its right edge in dialog units. Its face is the marks sheet's black
-// arrow cell with the light-grey triangle see-through; the sheet's box frame and radio ground cover the down
-// cell's last two rows, so only its first four are the arrow's.
+// Each key is half the field high, right of the field in dialog units; its face is the marks sheet's black arrow
+// cell, the light-grey triangle see-through (the sheet's frame and red ground cover the down cell's last two rows).
 TEST_F(NudgeTest, KeysStandBesideTheFieldWithArrowFaces)
 {
     LONG base = GetDialogBaseUnits();
@@ -69,9 +63,8 @@ TEST_F(NudgeTest, ClickedOrHeldKeysStepTheValueWithinTheRange)
     EXPECT_GE(nudge->value, 3 * 2.5);
 }
 
-// Typed text is the value through the change it makes. Leaving brings a value out of range, crossed ranges too,
-// to the nearer end, shown with the caret at its end; text that is no number reads as 0. A character that no
-// number has brings the value's text back.
+// Typed text is the value. Leaving brings a value out of range, crossed ranges too, to the nearer end, shown with
+// the caret at its end; no number reads as 0. A character that no number has brings the value's text back.
 TEST_F(NudgeTest, TypedTextIsTheValueAndLeavingClampsIt)
 {
     nudge->Range(0, 10), SetFocus((*nudge)()), nudge->Select(0, nudge->Length()), Type("9");
@@ -87,22 +80,21 @@ TEST_F(NudgeTest, TypedTextIsTheValueAndLeavingClampsIt)
     for (char ch : {'7', '.', '+', '-', '\b', 'x', 'e'}) {
         SetWindowTextA((*nudge)(), "9");
         EXPECT_EQ(nudge->vCharacter(vCHAR(ch)), 1);
-        EXPECT_EQ(nudge->GetLine()(), std::string(isdigit(ch) || ch < 'a' ? "9" : "10")) << ch;
+        EXPECT_STREQ(nudge->GetLine()(), isdigit(ch) || ch < 'a' ? "9" : "10") << ch;
     }
 }
 
-// A second life of a nudge with its keys and of an edit box, made, stepped, held and gone, leaves no GDI object.
-TEST_F(NudgeTest, TheControlsLeaveNoGdiObjectBehind)
+// A second life of a nudge with its keys and of an edit box, made, stepped, held, resized and gone, leaves no GDI
+// object behind.
+TEST_F(NudgeTest, TheControlsLivesLeaveNoGdiObjectBehind)
 {
     unsigned long before = 0;
     for (int life = 0; life < 2; ++life) {
         before = zktest::LiveGdiObjects();
         PARENT* other = new PARENT(*parent, vRECT(0, 0, 300, 200));
-        NUDGE* another = new NUDGE(*other, vCTRLID(5), vRECT(200, 10, 260, 90));
-        vEDITBOX* box = new vEDITBOX(*other, vCTRLID(6), vSTRING("a\r\nb"), vINT(2), vRECT(0, 100, 100, 150));
-        for (HWND shown : {(*other)(), (*another)(), (*box)(), GetDlgItem((*other)(), 101)})
-            ShowPainted(shown);
-        another->Range(0, 9), Press(GetDlgItem((*other)(), 101), 300), another->Size(vRECT(200, 10, 260, 50));
+        NUDGE* another = Made(*other);
+        ShowPainted((*new vEDITBOX(*other, vCTRLID(6), vSTRING("a\r\nb"), vINT(2), vRECT(0, 100, 100, 150)))());
+        another->Range(0, 9), Press(Key(*other, 101), 300), another->Size(vRECT(200, 10, 260, 50));
         DestroyWindow((*other)()), wintest::Pump();
     }
     EXPECT_EQ(zktest::LiveGdiObjects(), before);
