@@ -7,9 +7,13 @@ namespace {
 // A nudge far right in its parent, so that its keys, placed in the platform font's dialog units, stand left of it.
 class NudgeTest : public ControlTest {
 protected:
-    void SetUp() override { ControlTest::SetUp(), nudge = Made(*parent), up = Key(*parent, 100), down = Key(*parent, 101); }
-    static NUDGE* Made(vWIN& in) { return new NUDGE(in, vCTRLID(5), vRECT(200, 10, 260, 90)); }
-    static HWND Key(vWIN& in, int id) { return ShowPainted((*in.Child(vCTRLID(5)))()), ShowPainted(GetDlgItem(in(), id)), GetDlgItem(in(), id); }
+    void SetUp() override { ControlTest::SetUp(), nudge = Made(*parent), up = GetDlgItem((*parent)(), 100), down = GetDlgItem((*parent)(), 101); }
+    static NUDGE* Made(vWIN& in)
+    {
+        NUDGE* made = new NUDGE(in, vCTRLID(5), vRECT(200, 10, 260, 90));
+        for (HWND shown : {(*made)(), GetDlgItem(in(), 100), GetDlgItem(in(), 101)}) ShowPainted(shown);
+        return made;
+    }
     static void Press(HWND key, DWORD ms)
     {
         MouseTo(key, 8, 8), PumpFor(30), Mouse(MOUSEEVENTF_LEFTDOWN), PumpFor(30), MouseTo(key, 9, 8), PumpFor(ms);
@@ -33,10 +37,8 @@ TEST_F(NudgeTest, KeysStandBesideTheFieldWithArrowFaces)
         zktest::Pixels shot = Shot(face.key);
         std::vector<int> rows;
         for (int y = 3, black = 0; y < half - 3; ++y, black = 0) {
-            for (int x = 3; x < half - 3; ++x)
-                black += shot.At(x, y) == zktest::Black;
-            if (black)
-                rows.push_back(black);
+            for (int x = 3; x < half - 3; ++x) black += shot.At(x, y) == zktest::Black;
+            if (black) rows.push_back(black);
         }
         rows.resize(face.black.size()), shot.Save(face.name);
         EXPECT_EQ(rows, face.black) << face.name;
@@ -52,10 +54,8 @@ TEST_F(NudgeTest, ClickedOrHeldKeysStepTheValueWithinTheRange)
         {0, up, 1, 1, "1"}, {0, down, 1, 1, "1"}, {10, up, 0, 0, "1"}, {0, up, 1, 2.5, "2.5"}, {0, up, 4, 10, "10"},
         {0, down, 4, 0, ""}, {100, up, 0, 0, ""}};
     for (const auto& row : rows) {
-        if (row.highest)
-            nudge->Range(0, row.highest), nudge->Increment(2.5);
-        for (int click = 0; click < row.clicks; ++click)
-            Press(row.key, 0);
+        if (row.highest) nudge->Range(0, row.highest), nudge->Increment(2.5);
+        for (int click = 0; click < row.clicks; ++click) Press(row.key, 0);
         EXPECT_EQ(nudge->Shown(), std::to_string(row.value) + row.shown) << row.clicks;
     }
     Press(up, 900);
@@ -94,7 +94,7 @@ TEST_F(NudgeTest, TheControlsLivesLeaveNoGdiObjectBehind)
         PARENT* other = new PARENT(*parent, vRECT(0, 0, 300, 200));
         NUDGE* another = Made(*other);
         ShowPainted((*new vEDITBOX(*other, vCTRLID(6), vSTRING("a\r\nb"), vINT(2), vRECT(0, 100, 100, 150)))());
-        another->Range(0, 9), Press(Key(*other, 101), 300), another->Size(vRECT(200, 10, 260, 50));
+        another->Range(0, 9), Press(GetDlgItem((*other)(), 101), 300), another->Size(vRECT(200, 10, 260, 50));
         DestroyWindow((*other)()), wintest::Pump();
     }
     EXPECT_EQ(zktest::LiveGdiObjects(), before);
