@@ -121,8 +121,11 @@ int vEDITLINE::PassWatchingChange(UINT message, WPARAM wParam, LPARAM lParam, LR
     LRESULT changed = Platform(EM_GETMODIFY);
     if (modifiedBefore)
         Platform(EM_SETMODIFY, TRUE);
+    // Straight to the handler: the platform's edit takes a command it is sent
+    // for one of its own menu's, by the identifier.
+    LRESULT unused = 0;
     if (changed)
-        SendMessageA(hWnd, WM_COMMAND, MAKEWPARAM(id, EN_CHANGE), reinterpret_cast<LPARAM>(hWnd));
+        MsgHandler(WM_COMMAND, MAKEWPARAM(id, EN_CHANGE), reinterpret_cast<LPARAM>(hWnd), unused);
     return 1;
 }
 
