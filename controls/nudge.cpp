@@ -6,6 +6,7 @@
 
 namespace {
 
+// Fixed, so a parent holds one nudge at a time; programs know the keys by them.
 const vCTRLID UpKey(100);
 const vCTRLID DownKey(101);
 
