@@ -82,3 +82,5 @@ private:
 #include "controls/listbox.h"
 #include "controls/scrollbar.h"
 #include "controls/static.h"
+#include "controls/editline.h"
+#include "controls/nudge.h"
