@@ -81,9 +81,6 @@ def marks():
     # Check boxes, columns 1..15 of each cell: checked, plain, third state, disabled.
     sheet.frame(1, 1, 15, 15, BLACK)
     sheet.fill(2, 2, 14, 14, BLACK)
-    arrow(sheet, 6, 4, True)
-    arrow(sheet, 6, 11, False)
-    sheet.frame(1, 1, 15, 15, BLACK)
     sheet.frame(17, 1, 31, 15, BLACK)
     sheet.frame(33, 1, 47, 15, BLACK)
     for y in range(3, 14):
@@ -92,14 +89,18 @@ def marks():
                 sheet.put(x, y, GREY)
     sheet.fill(49, 1, 63, 15, LIGHT)
     sheet.frame(49, 1, 63, 15, GREY)
-    # Radio marks on red, the see-through colour of their draw.
-    sheet.fill(0, 16, 64, 32, RED)
+    # Radio marks on red, the see-through colour of their draw, below the
+    # row between the two rows of cells that the down arrow reaches into.
+    sheet.fill(0, 17, 64, 32, RED)
     for left, edge, dot in ((1, BLACK, BLACK), (17, BLACK, None), (49, GREY, None)):
         cx, cy = left + 7, 24
         sheet.disc(cx, cy, 6.6, LIGHT if edge is GREY else WHITE)
         sheet.disc(cx, cy, 6.6, edge, ring=1.4)
         if dot:
             sheet.disc(cx, cy, 2.5, dot)
+    # The arrows last, as nothing else may cross their cells.
+    arrow(sheet, 6, 4, True)
+    arrow(sheet, 6, 11, False)
     return sheet
 
 
