@@ -17,13 +17,6 @@ const vRECT DownCell(6, 11, 16, 17);
 // The characters a number is typed with, besides the digits; 8 is Backspace.
 const char NumberMarks[] = {'.', '+', '-', 8};
 
-// A device length in the dialog units of the system font, as the keys'
-// rectangles are given.
-long DialogUnits(long pixels, long perUnit, long base)
-{
-    return static_cast<unsigned short>(std::labs(pixels * perUnit / base));
-}
-
 int IsNumberMark(char ch)
 {
     for (char mark : NumberMarks)
@@ -43,16 +36,19 @@ vNUDGE::vNUDGE(const vWIN& parent, const vCTRLID& controlId, const vRECT& rect)
     MakeKeys(parent);
 }
 
-// The keys' rectangles are in dialog units, which the parent's own mapping
-// turns back into its device units.
+// The keys' rectangles are in the parent's logical units, the dialog units
+// of a dialog, which its own mapping turns back into device units. The
+// field's place is taken back through the same mapping rather than through
+// the system font's dialog units: a dialog's units follow its own font, and
+// only the same mapping both ways puts the keys beside the field.
 void vNUDGE::MakeKeys(const vWIN& parent)
 {
-    LONG base = GetDialogBaseUnits();
-    long baseX = LOWORD(base);
-    long baseY = HIWORD(base);
-    long top = DialogUnits(bound.Top()(), 8, baseY);
-    long bottom = DialogUnits(bound.Bottom()(), 8, baseY);
-    long right = DialogUnits(bound.Right()(), 4, baseX);
+    vWIN& mapping = const_cast<vWIN&>(parent);
+    vPOINT topLeft = mapping.DPtoLP(vPOINT(bound.Left(), bound.Top()));
+    vPOINT bottomRight = mapping.DPtoLP(vPOINT(bound.Right(), bound.Bottom()));
+    long top = topLeft.y();
+    long bottom = bottomRight.y();
+    long right = bottomRight.x();
     long half = static_cast<short>((bottom - top) / 2);
     vBITMAP upFace(vRESID(BMP_MARKS, vSYSTEM::Pointer()), UpCell);
     vBITMAP downFace(vRESID(BMP_MARKS, vSYSTEM::Pointer()), DownCell);

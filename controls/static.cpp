@@ -181,6 +181,10 @@ vGROUPBOX::vGROUPBOX(const vWIN& parent, const vCTRLID& id, const vSTRING& title
         SubClass();
         Disable();
     }
+    // The box paints its whole area and lies under the controls it holds, so
+    // it must leave them out of its painting or it wipes them whenever it
+    // paints after them.
+    SetWindowLongA(hWnd, GWL_STYLE, GetWindowLongA(hWnd, GWL_STYLE) | WS_CLIPSIBLINGS);
     SetWindowPos(hWnd, HWND_BOTTOM, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE | SWP_NOREDRAW | SWP_NOACTIVATE);
 }
 

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdlib>
 #include <string>
 
 #include "png.h"
@@ -48,13 +49,27 @@ vFONTSPEC Typeface(const char* name, vFONTSTYLE style, long points)
     return vFONTSPEC(vSTRING("%s", name), style, vINT(points), vREAL(1.0), 100, vFONT_POINTS, vANGLE(short(0)));
 }
 
-// What the details dialog fills in.
+// What the details dialog fills in: who draws, and how the marker looks.
 struct DETAILS_DATA {
     char name[32];
     char motto[64];
+    int showMotto;
+    int markerColour;
+    double markerSize;
 };
 
+// The details dialog's template and its items. The number field's stepping
+// keys take the identifiers 100 and 101 on the dialog, so nothing else may.
 const unsigned short DETAILS_TEMPLATE = 100;
+const unsigned short NAME_ITEM = 111;
+const unsigned short MOTTO_ITEM = 112;
+const unsigned short OPTIONS_BOX = 113;
+const unsigned short MOTTO_CHECK = 114;
+const unsigned short FIRST_COLOUR = 115;
+const unsigned short SIZE_LABEL = 118;
+const unsigned short SIZE_FIELD = 119;
+const unsigned short SIZE_UP_KEY = 100;
+const int ColourCount = 3;
 const unsigned short CMD_DETAILS = 200;
 // The Window menu's "Arrange in columns".
 const unsigned short MENU_COLUMNS = 30006;
@@ -109,32 +124,78 @@ private:
 namespace {
 
 const vCONTROLMAP DetailsMap[] = {
-    {FIELD::New, 101, 0, offsetof(DETAILS_DATA, name), sizeof DETAILS_DATA::name},
-    {FIELD::New, 102, 0, offsetof(DETAILS_DATA, motto), sizeof DETAILS_DATA::motto},
-    {nullptr, 101, 0, 0, 0},
+    {FIELD::New, NAME_ITEM, 0, offsetof(DETAILS_DATA, name), sizeof DETAILS_DATA::name},
+    {FIELD::New, MOTTO_ITEM, 0, offsetof(DETAILS_DATA, motto), sizeof DETAILS_DATA::motto},
+    {nullptr, NAME_ITEM, 0, 0, 0},
 };
 
 }  // namespace
 
+// The marker's fills, as the radio buttons name them.
+const vCOLOUR MarkerColours[ColourCount] = {sun, grass, sky};
+const char* const MarkerColourNames[ColourCount] = {"S&un", "&Grass", "S&ky"};
+
 // The details dialog: OK takes the fields into the program's data, Cancel
-// leaves the data as it was.
+// leaves the data as it was. The template holds the two text fields; the
+// marker's options are made here, in a group box below them, in the
+// dialog's own units.
 class DETAILS : public fSTDDIALOG {
 public:
     DETAILS(const vWIN& parent, DETAILS_DATA& data)
         : fSTDDIALOG(parent, vRESID(DETAILS_TEMPLATE, parent.Application()), STD_OK | STD_CANCEL, DetailsMap, &data,
-                     vSTRING("Your details"), 1)
+                     vSTRING("Your details"), 1),
+          data(data)
     {
         Init();
+        mottoCheck = new vCHECKBOX(*this, vCTRLID(MOTTO_CHECK), vSTRING("Show the &motto"), Box(16, 60, 120, 72));
+        for (int n = 0; n < ColourCount; ++n)
+            colours[n] = new vRADIOBTN(*this, vCTRLID(FIRST_COLOUR + n), vSTRING("%s", MarkerColourNames[n]),
+                                       Box(16 + 54 * n, 78, 66 + 54 * n, 90));
+        colours[0]->SetGroup(*colours[0], *colours[ColourCount - 1]);
+        new vTEXT(*this, vCTRLID(SIZE_LABEL), Box(16, 100, 62, 110), vSTRING("Size:"));
+        size = new vNUDGE(*this, vCTRLID(SIZE_FIELD), Box(64, 98, 108, 110));
+        size->Range(10, 40);
+        size->Increment(5);
+        ShowChoices();
+        // Last, as each new control goes below those made before it, and the
+        // box must lie below what it holds.
+        new vGROUPBOX(*this, vCTRLID(OPTIONS_BOX), vSTRING("Marker"), Box(8, 46, 184, 120));
+        for (unsigned short id = OPTIONS_BOX; id <= SIZE_FIELD; ++id)
+            ShowWindow(GetDlgItem(hWnd, id), SW_SHOW);
+        ShowWindow(GetDlgItem(hWnd, SIZE_UP_KEY), SW_SHOW);
+        ShowWindow(GetDlgItem(hWnd, SIZE_UP_KEY + 1), SW_SHOW);
     }
 
     int fOK() override
     {
         UpdateData(viewData);
+        data.showMotto = mottoCheck->Checked();
+        for (int n = 0; n < ColourCount; ++n)
+            if (colours[n]->Selected())
+                data.markerColour = n;
+        size->UpdateView(vCTRLID(0));
+        data.markerSize = atof(size->GetLine()());
         return fSTDDIALOG::fOK();
     }
 
     // The dialog that is up, for the screenshot tour.
     static DETAILS* open;
+
+private:
+    // The number field reads what it shows when asked to take up a typed
+    // value, which is how it learns the size it starts from.
+    void ShowChoices()
+    {
+        data.showMotto ? mottoCheck->Check() : mottoCheck->Uncheck();
+        colours[data.markerColour]->Select();
+        size->Text(vSTRING(vREAL(data.markerSize)));
+        size->UpdateView(vCTRLID(0));
+    }
+
+    DETAILS_DATA& data;
+    vCHECKBOX* mottoCheck = nullptr;
+    vRADIOBTN* colours[ColourCount] = {};
+    vNUDGE* size = nullptr;
 };
 
 DETAILS* DETAILS::open = nullptr;
@@ -245,9 +306,10 @@ private:
 
     void DrawMarker()
     {
+        long radius = static_cast<long>(details.markerSize);
         LineSpec(Line(ink, 2));
-        FillSpec(Fill(vFILL_HATCH_CROSS, sun));
-        DrawEllipse(Box(marker.x() - 20, marker.y() - 20, marker.x() + 20, marker.y() + 20));
+        FillSpec(Fill(vFILL_HATCH_CROSS, MarkerColours[details.markerColour]));
+        DrawEllipse(Box(marker.x() - radius, marker.y() - radius, marker.x() + radius, marker.y() + radius));
     }
 
     void DrawCaption()
@@ -258,6 +320,8 @@ private:
         DrawTextA(caption, Box(90, 30, 290, 60), vTEXT_LEFT);
         FontSpec(Typeface("Arial", vFONT_BOLD, 10));
         DrawTextA(vSTRING("%s", details.name), Box(10, 260, 290, 280), vTEXT_LEFT);
+        if (!details.showMotto)
+            return;
         FontSpec(Typeface("Arial", vFONT_ITALIC, 9));
         DrawTextA(vSTRING("\"%s\"", details.motto), Box(10, 280, 290, 300), vTEXT_LEFT);
     }
@@ -366,7 +430,7 @@ class HELLO : public vAPP {
 public:
     HELLO()
         : vAPP(vSTRING("HelloFrame"), vSTRING("Hello"), 1), opened(0),
-          details{"Nobody yet", "Who? See File > Details"}
+          details{"Nobody yet", "Who? See File > Details", 1, 0, 20.0}
     {
     }
 
@@ -478,8 +542,12 @@ void CALLBACK FillInDetails(HWND, UINT, UINT_PTR timer, DWORD)
 {
     KillTimer(nullptr, timer);
     HWND dialog = (*DETAILS::open)();
-    SetDlgItemTextA(dialog, 101, "Ada Lovelace");
-    SetDlgItemTextA(dialog, 102, "That brain of mine is something more than merely mortal");
+    SetDlgItemTextA(dialog, NAME_ITEM, "Ada Lovelace");
+    SetDlgItemTextA(dialog, MOTTO_ITEM, "That brain of mine is something more than merely mortal");
+    SendMessageA(GetDlgItem(dialog, FIRST_COLOUR + 2), BM_CLICK, 0, 0);
+    HWND up = GetDlgItem(dialog, SIZE_UP_KEY);
+    for (int step = 0; step < 2; ++step)
+        SendMessageA(dialog, WM_COMMAND, SIZE_UP_KEY, reinterpret_cast<LPARAM>(up));
     RedrawWindow(dialog, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN);
     SaveFrame(dialog, DialogPicture().c_str());
     SendMessageA(GetDlgItem(dialog, IDOK), BM_CLICK, 0, 0);

@@ -4,7 +4,7 @@ using namespace edittest;
 
 namespace {
 
-// A nudge far right in its parent, so that its keys, placed in the platform font's dialog units, stand left of it.
+// A nudge in a plain window, whose logical units are its pixels.
 class NudgeTest : public ControlTest {
 protected:
     void SetUp() override { ControlTest::SetUp(), nudge = Made(*parent), up = GetDlgItem((*parent)(), 100), down = GetDlgItem((*parent)(), 101); }
@@ -23,16 +23,15 @@ protected:
     HWND up = nullptr, down = nullptr;
 };
 
-// Each key is half the field high, right of the field in dialog units; its face is the marks sheet's black arrow
-// cell, the light-grey triangle see-through (the sheet's frame and red ground cover the down cell's last two rows).
+// Each key is half the field high, right of the field in the parent's units; its face is the marks sheet's black
+// arrow cell, the light-grey triangle see-through.
 TEST_F(NudgeTest, KeysStandBesideTheFieldWithArrowFaces)
 {
-    LONG base = GetDialogBaseUnits();
-    long top = 10 * 8 / HIWORD(base), bottom = 90 * 8 / HIWORD(base), right = 260 * 4 / LOWORD(base), half = (bottom - top) / 2;
+    const long top = 10, bottom = 90, right = 260, half = (bottom - top) / 2;
     EXPECT_EQ(wintest::Placed(up) + wintest::Placed(down), wintest::Text(vRECT(right + 3, top - 1, half + right + 3, top + half - 1)) +
                                                            wintest::Text(vRECT(right + 3, bottom - half + 1, half + right + 3, bottom + 1)));
     struct { HWND key; const char* name; std::vector<int> black; } faces[] = {
-        {up, "nudge-up", {10, 8, 6, 4, 2, 10}}, {down, "nudge-down", {10, 2, 4, 6}}};
+        {up, "nudge-up", {10, 8, 6, 4, 2, 10}}, {down, "nudge-down", {10, 2, 4, 6, 8, 10}}};
     for (const auto& face : faces) {
         zktest::Pixels shot = Shot(face.key);
         std::vector<int> rows;
