@@ -32,12 +32,7 @@ vBUTTON::vBUTTON(const vWIN& parent, const vCTRLID& id, const vSTRING& text, con
     ClientCorners();
     PrepareCreation(isDefault ? WS_CHILD | BS_DEFPUSHBUTTON : 0);
     if (classId == CLASSID_BUTTON) {
-        if (!hWnd) {
-            CreateWin();
-        } else {
-            BindInstance(hWnd);
-            SubClass();
-        }
+        CreateOrAdopt();
         if (text.Length())
             Text(text);
     }

@@ -32,13 +32,7 @@ vCOMBOBOX::vCOMBOBOX(const vWIN& parent, const vCTRLID& controlId, unsigned shor
     vSYSTEM::Trace(1, "vCOMBOBOX::vCOMBOBOX()");
     lstrcpyA(CreateParams.szClassName, "combobox");
     if (classId == CLASSID_COMBOBOX) {
-        if (!hWnd) {
-            CreateParams.dwStyle |= SimpleStyle | Sorting(form);
-            CreateWin();
-        } else {
-            BindInstance(hWnd);
-            SubClass();
-        }
+        CreateOrAdopt(SimpleStyle | Sorting(form));
         ItemSize(size);
         ItemHeight(parent, size);
     }

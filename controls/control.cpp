@@ -46,14 +46,19 @@ vCONTROL::vCONTROL(const vWIN& parent, const vCTRLID& controlId, const vRECT& re
     bound = rect;
     SetID(controlId);
     Init(parent, controlId, caption, rect);
-    if (classId != CLASSID_CONTROL)
-        return;
-    if (!hWnd) {
-        CreateWin();
-    } else {
+    if (classId == CLASSID_CONTROL)
+        CreateOrAdopt();
+}
+
+void vCONTROL::CreateOrAdopt(DWORD style)
+{
+    if (hWnd) {
         BindInstance(hWnd);
         SubClass();
+        return;
     }
+    CreateParams.dwStyle |= style;
+    CreateWin();
 }
 
 // The copy shares the text with its source, as a window copy shares its

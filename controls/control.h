@@ -61,6 +61,9 @@ public:
 protected:
     int MsgHandler(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
     vCLASSID GetClassID() override;
+    // Run by the most derived class: makes the platform window with the
+    // style bits added, or takes over the template item the control adopted.
+    void CreateOrAdopt(DWORD style = 0);
 
     vRECT bound;
     char* text;

@@ -37,16 +37,10 @@ vEDITLINE::vEDITLINE(const vWIN& parent, const vCTRLID& controlId, const vSTRING
 {
     lstrcpyA(CreateParams.szClassName, "edit");
     if (classId == CLASSID_EDITLINE) {
-        if (!hWnd) {
-            CreateParams.dwStyle |= LineStyle;
-            // The field starts empty, not with the mnemonic a control's
-            // window is otherwise titled with; Text puts the caption in.
-            CreateParams.lpszTitle = nullptr;
-            CreateWin();
-        } else {
-            BindInstance(hWnd);
-            SubClass();
-        }
+        // The field starts empty, not with the mnemonic a control's window
+        // is otherwise titled with; Text puts the caption in.
+        CreateParams.lpszTitle = nullptr;
+        CreateOrAdopt(LineStyle);
         if (caption.Length())
             Text(caption);
     }
@@ -216,15 +210,9 @@ vEDITBOX::vEDITBOX(const vWIN& parent, const vCTRLID& controlId, const vSTRING& 
 {
     if (classId != CLASSID_EDITBOX)
         return;
-    if (hWnd) {
-        BindInstance(hWnd);
-        SubClass();
-    } else {
-        lstrcpyA(CreateParams.szClassName, "edit");
-        CreateParams.dwStyle |= BoxStyle;
-        CreateParams.lpszTitle = caption();
-        CreateWin();
-    }
+    lstrcpyA(CreateParams.szClassName, "edit");
+    CreateParams.lpszTitle = caption();
+    CreateOrAdopt(BoxStyle);
     vCONTROL::Text(caption);
 }
 

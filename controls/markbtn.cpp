@@ -129,15 +129,8 @@ vRADIOBTN::vRADIOBTN(const vWIN& parent, const vCTRLID& id, const vSTRING& capti
     vSTRING title = vBUTTON::Text();
     CreateParams.lpszTitle = title();
     PlaceLabelBehind(*normalMark, left, labelLeft, labelRight);
-    if (classId == CLASSID_RADIOBTN) {
-        if (!hWnd) {
-            CreateParams.dwStyle |= RadioStyle;
-            CreateWin();
-        } else {
-            BindInstance(hWnd);
-            SubClass();
-        }
-    }
+    if (classId == CLASSID_RADIOBTN)
+        CreateOrAdopt(RadioStyle);
     BackgroundColour(GetScreen().Colour(vSCREEN_3DFACE));
 }
 
@@ -257,15 +250,8 @@ vCHECKBOX::vCHECKBOX(const vWIN& parent, const vCTRLID& id, const vSTRING& capti
     vSTRING title = vBUTTON::Text();
     CreateParams.lpszTitle = title();
     PlaceLabelBehind(*normalMark, left, labelLeft, labelRight);
-    if (classId == CLASSID_CHECKBOX) {
-        if (!hWnd) {
-            CreateParams.dwStyle |= CheckStyle;
-            CreateWin();
-        } else {
-            BindInstance(hWnd);
-            SubClass();
-        }
-    }
+    if (classId == CLASSID_CHECKBOX)
+        CreateOrAdopt(CheckStyle);
     BackgroundColour(GetScreen().Colour(vSCREEN_3DFACE));
 }
 

@@ -25,12 +25,7 @@ vSCROLLBAR::~vSCROLLBAR()
 void vSCROLLBAR::MakeBar()
 {
     flags &= ~WINF_ERASE;
-    if (!hWnd) {
-        CreateWin();
-    } else {
-        BindInstance(hWnd);
-        SubClass();
-    }
+    CreateOrAdopt();
 }
 
 int vSCROLLBAR::DoDraw()

@@ -27,12 +27,7 @@ vTEXT::vTEXT(const vWIN& parent, const vCTRLID& id, const vRECT& rect, const vST
     if (classId == CLASSID_TEXT) {
         if (parent())
             hFont = reinterpret_cast<HFONT>(SendMessageA(parent(), WM_GETFONT, 0, 0));
-        if (!hWnd) {
-            CreateWin();
-        } else {
-            BindInstance(hWnd);
-            SubClass();
-        }
+        CreateOrAdopt();
         // Without the parent's font there is nothing to measure by, and the
         // control keeps its zero size. The width serves for both sides.
         if (rect == vRECT(0, 0, 0, 0) && hFont) {
@@ -132,15 +127,8 @@ vICON::vICON(const vWIN& parent, const vCTRLID& id, const vRESID& icon, const vR
       iconSize(0, 0)
 {
     lstrcpyA(CreateParams.szClassName, "static");
-    if (classId == CLASSID_ICON) {
-        if (!hWnd) {
-            CreateParams.dwStyle |= SS_ICON;
-            CreateWin();
-        } else {
-            BindInstance(hWnd);
-            SubClass();
-        }
-    }
+    if (classId == CLASSID_ICON)
+        CreateOrAdopt(SS_ICON);
     iconSize = vPOINT(GetSystemMetrics(SM_CXICON), GetSystemMetrics(SM_CYICON));
 }
 
