@@ -273,12 +273,15 @@ vWIN& vDIALOG::GetWindow()
     return *this;
 }
 
+// Only a scroll bar has a thumb to set; any other window given still tells
+// its dependants.
 int vDIALOG::vThumbMove(const vWIN* bar, const vINT& pos)
 {
     if (!bar)
         return 0;
     vWIN& moved = const_cast<vWIN&>(*bar);
-    SetScrollPos(moved(), SB_CTL, pos(), TRUE);
+    if (vSCROLLBAR* scrollBar = dynamic_cast<vSCROLLBAR*>(&moved))
+        scrollBar->ThumbPos(pos);
     moved.NotifyPeerControls(moved.GetID());
     return 1;
 }
