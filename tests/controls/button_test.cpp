@@ -1,8 +1,8 @@
 #include <functional>
 
-#include "controls/buttontest.h"
+#include "controls/controltest.h"
 
-using namespace buttontest;
+using namespace controltest;
 
 namespace {
 
@@ -11,19 +11,14 @@ namespace {
 class PROBE : public vBUTTON {
 public:
     using vBUTTON::vBUTTON;
-    using vBUTTON::bitmap;
-    using vBUTTON::labelBottom;
-    using vBUTTON::labelLeft;
-    using vBUTTON::labelRight;
-    using vBUTTON::labelTop;
 
+    std::vector<long> Label() const { return {labelLeft, labelTop, labelRight, labelBottom}; }
     void ExtraFaces()
     {
         pressedBitmap = new vBITMAP(Face(Pressed));
         focusBitmap = new vBITMAP(Face(Focused));
         disabledBitmap = new vBITMAP(Face(Disabled));
     }
-
     int vDraw(const vRECT& rect) override
     {
         Note("button.vDraw(" + std::to_string(pressed) + ")");
@@ -39,7 +34,19 @@ protected:
     }
 };
 
-class ButtonTest : public ControlTest {};
+using ButtonTest = ControlTest;
+
+// The top left corner of where a colour shows in a shot; the bottom right
+// corner when it shows nowhere.
+POINT CornerOf(const zktest::Pixels& shot, int width, int height, COLORREF colour)
+{
+    POINT corner = {width, height};
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x)
+            if (shot.At(x, y) == colour)
+                corner = {std::min<long>(corner.x, x), std::min<long>(corner.y, y)};
+    return corner;
+}
 
 // The text lives in the platform's button, so a button without a window has
 // none; New takes its text from the base library's resources.
@@ -49,7 +56,8 @@ TEST_F(ButtonTest, ATextButtonIsThePlatformsOwnAndKeepsItsTextThere)
         PROBE* button = new PROBE(*parent, vCTRLID(7), vSTRING("&Save"), vRECT(10, 10, 90, 40), isDefault);
         HWND window = (*button)();
         char name[32] = "";
-        EXPECT_STREQ((GetClassNameA(window, name, sizeof name), name), "Button");
+        GetClassNameA(window, name, sizeof name);
+        EXPECT_STREQ(name, "Button");
         EXPECT_EQ(GetWindowLongA(window, GWL_STYLE) & 0xF, isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON);
         EXPECT_STREQ(button->FontSpec().Name()(), "MS Sans Serif");
         SetWindowTextA(window, "Two");
@@ -68,7 +76,7 @@ TEST_F(ButtonTest, ATextButtonIsThePlatformsOwnAndKeepsItsTextThere)
 }
 
 // The label is measured on the text without "&"; without any "&" the last
-// character is left out as well.
+// character is left out as well. Too narrow a button starts it at 6.
 TEST_F(ButtonTest, LabelIsMeasuredWithoutAmpersandsAndOneShortWithoutThem)
 {
     const struct {
@@ -88,14 +96,16 @@ TEST_F(ButtonTest, LabelIsMeasuredWithoutAmpersandsAndOneShortWithoutThem)
         GetTextExtentPoint32A(dc, row.measured, lstrlenA(row.measured), &part);
         ReleaseDC((*button)(), dc);
         bool fits = row.width >= part.cx;
-        EXPECT_EQ(std::vector<long>({button->labelLeft, button->labelTop, button->labelRight, button->labelBottom}),
-                  std::vector<long>({fits ? (row.width - part.cx) / 2 : 6, 15 - whole.cy / 2, fits ? part.cx + 6 : row.width - 6, 15 - whole.cy / 2 + whole.cy}));
+        long top = 15 - whole.cy / 2;
+        EXPECT_EQ(button->Label(), std::vector<long>({fits ? (row.width - part.cx) / 2 : 6, top,
+                                                      fits ? part.cx + 6 : row.width - 6, top + whole.cy}));
         DestroyWindow((*button)());
     }
 }
 
 // What the button and its parent hear of each way of pressing it; the
-// platform's own mouse handling presses, releases and reports the click.
+// platform's own mouse handling presses, releases and reports the click,
+// with the button's handle.
 TEST_F(ButtonTest, PressingRedrawsOnEachChangeAndOnlyAClickCommands)
 {
     const struct {
@@ -105,7 +115,10 @@ TEST_F(ButtonTest, PressingRedrawsOnEachChangeAndOnlyAClickCommands)
         Lines calls;
     } rows[] = {
         {"Push, then a state that is no change", false,
-         [](PROBE& b) { b.Push(), SendMessageA(b(), BM_SETSTATE, 0, 0); },
+         [](PROBE& b) {
+             b.Push();
+             SendMessageA(b(), BM_SETSTATE, 0, 0);
+         },
          {"button.BM_SETSTATE(1)", "button.vDraw(1)", "button.BM_SETSTATE(0)", "button.vDraw(0)",
           "button.BM_SETSTATE(0)"}},
         {"a real click", false,
@@ -119,9 +132,12 @@ TEST_F(ButtonTest, PressingRedrawsOnEachChangeAndOnlyAClickCommands)
              PumpFor(100);
          },
          {"button.BM_SETSTATE(1)", "button.vDraw(1)", "button.BM_SETSTATE(0)", "button.vDraw(0)",
-          "parent.WM_COMMAND(7,0,window)"}},
+          "parent.WM_COMMAND(7,0)"}},
         {"a double press of a face, then the capture let go", true,
-         [](PROBE& b) { SendMessageA(b(), WM_LBUTTONDBLCLK, 0, MAKELPARAM(5, 5)), ReleaseCapture(); },
+         [](PROBE& b) {
+             SendMessageA(b(), WM_LBUTTONDBLCLK, 0, MAKELPARAM(5, 5));
+             ReleaseCapture();
+         },
          {"button.BM_SETSTATE(1)", "button.vDraw(1)", "button.vDraw(1)", "button.BM_SETSTATE(0)", "button.vDraw(0)"}},
     };
     vBITMAP face(Face(Plain));
@@ -131,17 +147,12 @@ TEST_F(ButtonTest, PressingRedrawsOnEachChangeAndOnlyAClickCommands)
                                  : new PROBE(*parent, vCTRLID(7), vSTRING("Go"), vRECT(10, 10, 90, 40));
         ShowPainted((*button)());
         Log().clear();
+        parent->senders.clear();
         row.press(*button);
         PumpFor(50);
-        Lines heard;
-        std::string window = std::to_string(reinterpret_cast<LPARAM>((*button)()));
-        for (std::string line : Log()) {
-            if (line.find(window) != std::string::npos)
-                line.replace(line.find(window), window.size(), "window");
-            if (line.find("button.") == 0 || line.find("WM_COMMAND") != std::string::npos)
-                heard.push_back(line);
-        }
-        EXPECT_EQ(heard, row.calls);
+        EXPECT_EQ(Taken({"button.", "parent.WM_COMMAND("}), row.calls);
+        bool commanded = row.calls.back() == "parent.WM_COMMAND(7,0)";
+        EXPECT_EQ(parent->senders, std::vector<LPARAM>(commanded, LPARAM((*button)())));
         DestroyWindow((*button)());
     }
 }
@@ -151,42 +162,27 @@ TEST_F(ButtonTest, PressingRedrawsOnEachChangeAndOnlyAClickCommands)
 // as the platform's pressed label moves.
 TEST_F(ButtonTest, EachStateShowsItsFace)
 {
-    const struct {
-        const char* state;
-        int focus, press, disable;
-        COLORREF shown;
-    } rows[] = {
-        {"normal", 0, 0, 0, Plain},            {"pressed", 0, 1, 0, Pressed},
-        {"focused", 1, 0, 0, Focused},         {"disabled", 0, 0, 1, Disabled},
-        {"focused-pressed", 1, 1, 0, Focused}, {"pressed-disabled", 0, 1, 1, Pressed},
-    };
+    const COLORREF shown[] = {Plain, Pressed, Focused, Disabled, Focused, Pressed};  // in the order of States
     vBITMAP face(Face(Plain));
     POINT rest = {0, 0};
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.state);
+    for (int row = 0; row < 6; ++row) {
+        const STATE& state = States[row];
+        SCOPED_TRACE(state.name);
         PROBE* button = new PROBE(*parent, vCTRLID(7), face, vRECT(20, 20, 70, 60));
         button->ExtraFaces();
-        ShowPainted((*button)());
-        if (row.focus)
-            SetFocus((*button)());
-        if (row.press)
-            SendMessageA((*button)(), BM_SETSTATE, 1, 0);
-        if (row.disable)
-            EnableWindow((*button)(), FALSE);
-        ShowPainted((*button)());
-        zktest::Pixels shot = Shot((*button)());
+        zktest::Pixels shot = ShotIn((*button)(), state);
         ASSERT_TRUE(shot.Read());
-        shot.Save(std::string("button-") + row.state);
+        shot.Save(std::string("button-") + state.name);
         for (COLORREF colour : {Plain, Pressed, Focused, Disabled})
-            EXPECT_EQ(shot.Count(colour), colour == row.shown ? Core : 0) << std::hex << colour;
+            EXPECT_EQ(shot.Count(colour), colour == shown[row] ? Core : 0) << std::hex << colour;
         if (GetSysColor(COLOR_BTNFACE) != Key) {
             EXPECT_EQ(shot.Count(Key), Side * Side - Core);
         }
-        POINT corner = CornerOf((*button)(), row.shown);
-        if (!row.press && !row.focus && !row.disable)
+        POINT corner = CornerOf(shot, 50, 40, shown[row]);
+        if (row == 0)
             rest = corner;
-        EXPECT_EQ(corner.x - rest.x, row.press ? 1 : 0);
-        EXPECT_EQ(corner.y - rest.y, row.press ? 2 : 0);
+        EXPECT_EQ(corner.x - rest.x, state.press ? 1 : 0);
+        EXPECT_EQ(corner.y - rest.y, state.press ? 2 : 0);
         DestroyWindow((*button)());
     }
 }

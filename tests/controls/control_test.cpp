@@ -1,7 +1,6 @@
-#include "controls/buttontest.h"
+#include "controls/controltest.h"
 
-using namespace buttontest;
-using wintest::RECORDER;
+using namespace controltest;
 
 namespace {
 
@@ -10,14 +9,17 @@ namespace {
 // platform class it names.
 class PROBE : public vCONTROL {
 public:
-    PROBE(const vWIN& parent, unsigned short controlId, const vRECT& rect, const char* caption,
+    PROBE(const vWIN& parent, unsigned short id, const vRECT& rect, const char* caption,
           const char* platformClass = nullptr, DWORD style = 0)
-        : vCONTROL(parent, vCTRLID(controlId), rect, vSTRING("%s", caption),
+        : vCONTROL(parent, vCTRLID(id), rect, vSTRING("%s", caption),
                    platformClass ? static_cast<vCLASSID>(1) : CLASSID_CONTROL),
-          name("probe" + std::to_string(controlId))
+          name("probe" + std::to_string(id))
     {
-        if (platformClass)
-            lstrcpyA(CreateParams.szClassName, platformClass), CreateParams.dwStyle |= style, CreateWin();
+        if (!platformClass)
+            return;
+        lstrcpyA(CreateParams.szClassName, platformClass);
+        CreateParams.dwStyle |= style;
+        CreateWin();
     }
 
     void SetupView(char*, unsigned short) override {}
@@ -32,25 +34,16 @@ public:
         Note(name + ".vCompare(" + first() + "," + second() + ")");
         return -2;
     }
-
     HWND Handle() const { return hWnd; }
+    std::string Title() const
+    {
+        char title[64] = "";
+        GetWindowTextA(hWnd, title, sizeof title);
+        return title;
+    }
 
     std::string name;
 };
-
-std::string Title(HWND window)
-{
-    char title[64] = "";
-    return GetWindowTextA(window, title, sizeof title), title;
-}
-
-vRECT PlaceInParent(HWND window)
-{
-    RECT box;
-    GetWindowRect(window, &box);
-    MapWindowPoints(nullptr, GetParent(window), reinterpret_cast<POINT*>(&box), 2);
-    return vRECT(box.left, box.top, box.right, box.bottom);
-}
 
 // Made in a window without a template, a control takes its rectangle as it
 // is, or nothing at all for the adoption mark, shows only its mnemonic, and
@@ -68,17 +61,17 @@ TEST_F(ControlTest, MadeInAPlainWindowCreatesItsOwnWindow)
         {vRECT(5, 6, 50, 30), "End&", vRECT(5, 6, 50, 30), "&"},
         {vRECT(5, 6, 50, 30), "", vRECT(5, 6, 50, 30), "&"},
     };
+    const DWORD childClippedGroupTab = WS_CHILD | WS_CLIPSIBLINGS | WS_CLIPCHILDREN | WS_GROUP | WS_TABSTOP;
     for (const auto& row : rows) {
         SCOPED_TRACE(row.text);
         PROBE* probe = new PROBE(*parent, 7, row.rect, row.text);
         EXPECT_EQ(GetParent(probe->Handle()), (*parent)());
         EXPECT_TRUE(*probe->Bound() == row.bound);
-        EXPECT_TRUE(PlaceInParent(probe->Handle()) == row.bound);
-        EXPECT_EQ(Title(probe->Handle()), row.title);
+        EXPECT_EQ(wintest::Placed(probe->Handle()), wintest::Text(row.bound));
+        EXPECT_EQ(probe->Title(), row.title);
         EXPECT_STREQ(probe->Text()(), row.text);
-        const DWORD childClippedGroupTab = WS_CHILD | WS_CLIPSIBLINGS | WS_CLIPCHILDREN | WS_GROUP | WS_TABSTOP;
         EXPECT_EQ(GetWindowLongA(probe->Handle(), GWL_STYLE) & childClippedGroupTab, childClippedGroupTab);
-        EXPECT_EQ(RECORDER::Instance(probe->Handle()), probe) << "bound to its object";
+        EXPECT_EQ(wintest::RECORDER::Instance(probe->Handle()), probe) << "bound to its object";
         DestroyWindow(probe->Handle());
     }
 }
@@ -86,7 +79,7 @@ TEST_F(ControlTest, MadeInAPlainWindowCreatesItsOwnWindow)
 // The parent hands owner-drawn items to the control of the identifier and
 // leaves the others to the default processing; while a control is being
 // made the window under construction answers the measure, narrowed to 16
-// signed bits.
+// signed bits. The platform's own owner-drawn button asks its parent to draw.
 TEST_F(ControlTest, OwnerDrawingMessagesReachTheControl)
 {
     static char apple[] = "apple", pear[] = "pear";
@@ -132,7 +125,6 @@ TEST_F(ControlTest, OwnerDrawingMessagesReachTheControl)
             EXPECT_EQ(measure.itemHeight, static_cast<UINT>(static_cast<short>(size.Height()())));
         }
     }
-    // The platform's own owner-drawn button asks its parent to draw.
     Log().clear();
     PROBE* owned = new PROBE(*parent, 9, vRECT(10, 40, 70, 65), "C", "BUTTON", BS_OWNERDRAW | WS_VISIBLE);
     UpdateWindow(owned->Handle());
@@ -159,10 +151,11 @@ TEST_F(ControlTest, OnlyKeyCode43GoesToTheParentsEnterHandler)
 }
 
 // Setting the text wipes the control and draws the label where the style
-// puts it, greyed while the control is disabled. The label is the text the
-// control keeps.
+// puts it, greyed while the control is disabled; the window keeps only the
+// mnemonic.
 TEST_F(ControlTest, TextSetsAndDrawsTheKeptLabel)
 {
+    const COLORREF ink = GetSysColor(COLOR_BTNTEXT);
     const struct {
         const char* what;
         DWORD style;
@@ -170,19 +163,18 @@ TEST_F(ControlTest, TextSetsAndDrawsTheKeptLabel)
         int third;
         COLORREF ink;
     } rows[] = {
-        {"left", 0, true, 0, GetSysColor(COLOR_BTNTEXT)},
-        {"centre", 1, true, 1, GetSysColor(COLOR_BTNTEXT)},
-        {"right", 2, true, 2, GetSysColor(COLOR_BTNTEXT)},
+        {"left", 0, true, 0, ink},
+        {"centre", 1, true, 1, ink},
+        {"right", 2, true, 2, ink},
         {"disabled", 0, false, 0, GetSysColor(COLOR_GRAYTEXT)},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.what);
         PROBE* probe = new PROBE(*parent, 7, vRECT(10, 10, 250, 40), "Old", "GENERIC", row.style | WS_VISIBLE);
-        if (!row.enabled)
-            EnableWindow(probe->Handle(), FALSE);
+        EnableWindow(probe->Handle(), row.enabled);
         UpdateWindow(probe->Handle());
         probe->Text(vSTRING("%s", "WW"));
-        EXPECT_EQ(Title(probe->Handle()), "&") << "the window keeps only the mnemonic";
+        EXPECT_EQ(probe->Title(), "&");
         int inkIn[3] = {0, 0, 0};
         zktest::Pixels shot = Shot(probe->Handle());
         for (int x = 0; x < 240; ++x)

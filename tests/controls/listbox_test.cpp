@@ -1,20 +1,16 @@
 #include <algorithm>
 
-#include "controls/listtest.h"
+#include "controls/controltest.h"
 
-using namespace listtest;
+using namespace controltest;
 
 namespace {
-
-const unsigned short ListId = 40;
 
 // A list that notes the selection hooks the library calls.
 class LIST : public vLISTBOX {
 public:
     LIST(const vWIN& parent, unsigned short form, const vSIZE& size = vSIZE(0, 18))
-        : vLISTBOX(parent, vCTRLID(ListId), form, size, vRECT(10, 10, 160, 130))
-    {
-    }
+        : vLISTBOX(parent, vCTRLID(40), form, size, vRECT(10, 10, 160, 130)) {}
 
     void vSelectionChange(unsigned short index) override
     {
@@ -25,10 +21,7 @@ public:
         Note("list.vSelectionDoubleClick(" + std::to_string(index) + ")");
         return 1;
     }
-
-    using vLISTBOX::fakeParent;
-    using vLISTBOX::MakeFileList;
-    using vLISTBOX::selectionCount;
+    using vLISTBOX::fakeParent, vLISTBOX::MakeFileList, vLISTBOX::selectionCount;
     HWND Handle() const { return hWnd; }
 };
 
@@ -53,25 +46,7 @@ Lines Selected(LIST& list)
     return items;
 }
 
-// Rows of a shown window as they are on the screen.
-zktest::Pixels Rows(HWND window, int top, int rows)
-{
-    RECT client;
-    GetClientRect(window, &client);
-    HDC from = GetDC(window);
-    HDC memory = CreateCompatibleDC(from);
-    HBITMAP copy = CreateCompatibleBitmap(from, client.right, rows);
-    HGDIOBJ old = SelectObject(memory, copy);
-    BitBlt(memory, 0, 0, client.right, rows, from, 0, top, SRCCOPY);
-    SelectObject(memory, old);
-    zktest::Pixels shot(copy, client.right, rows);
-    DeleteObject(copy);
-    DeleteDC(memory);
-    ReleaseDC(window, from);
-    return shot;
-}
-
-class ListBox : public ListTest {
+class ListBox : public ControlTest {
 protected:
     LIST* Filled(unsigned short form, std::vector<const char*> items = {"alpha", "beta", "gamma", "delta"})
     {
@@ -86,15 +61,14 @@ protected:
     }
 };
 
+// The scroll bars are asked for too; the platform keeps their bits only
+// while they show.
 TEST_F(ListBox, TheFlagWordChoosesThePlatformStyle)
 {
-    // The scroll bars are asked for too; the platform keeps their bits only
-    // while they show.
     const DWORD every = WS_BORDER | LBS_NOTIFY | LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT;
     const struct {
         unsigned short form;
-        DWORD with;
-        DWORD without;
+        DWORD with, without;
     } rows[] = {
         {0, LBS_OWNERDRAWFIXED, LBS_SORT | LBS_MULTICOLUMN | LBS_MULTIPLESEL | LBS_EXTENDEDSEL | WS_TABSTOP},
         {LBF_MULTICOLUMN, LBS_OWNERDRAWFIXED | LBS_MULTICOLUMN, 0},
@@ -104,29 +78,26 @@ TEST_F(ListBox, TheFlagWordChoosesThePlatformStyle)
         {LBF_MULTIPLESEL | LBF_EXTENDEDSEL, LBS_MULTIPLESEL, LBS_EXTENDEDSEL},
     };
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.form);
         LIST* list = new LIST(*parent, row.form);
         DWORD style = GetWindowLongA(list->Handle(), GWL_STYLE);
-        EXPECT_EQ(style & (every | row.with), every | row.with);
-        EXPECT_EQ(style & row.without, 0u);
+        EXPECT_EQ(style & (every | row.with), every | row.with) << row.form;
+        EXPECT_EQ(style & row.without, 0u) << row.form;
         DestroyWindow(list->Handle());
     }
-}
-
-TEST_F(ListBox, AZeroItemSizeIsMeasuredOnceCreatedAndNeverAnsweredAsZero)
-{
     LIST* list = new LIST(*parent, 0, vSIZE(0, 0));
     TEXTMETRICA metrics;
     HDC dc = GetDC(list->Handle());
     GetTextMetricsA(dc, &metrics);
     ReleaseDC(list->Handle(), dc);
-    EXPECT_EQ(list->ItemSize().Width(), vINT(150));
+    EXPECT_EQ(list->ItemSize().Width(), vINT(150)) << "a zero size is measured once created";
     EXPECT_EQ(list->ItemSize().Height(), vINT(metrics.tmHeight));
     list->ItemSize(vSIZE(0, 5));
-    EXPECT_EQ(list->ItemSize().Width(), vINT(150));
+    EXPECT_EQ(list->ItemSize().Width(), vINT(150)) << "and never answered as zero";
     EXPECT_EQ(SendMessageA(list->Handle(), LB_GETITEMHEIGHT, 0, 0), 5);
 }
 
+// Items are found whole or by prefix, sorted as the platform sorts; bad
+// indexes answer nothing; an item of 255 characters is the longest.
 TEST_F(ListBox, ItemsAreFoundWholeOrByPrefixAndBadIndexesAnswerNothing)
 {
     LIST* list = Filled(0, {"apple", "banana", "apricot"});
@@ -139,36 +110,24 @@ TEST_F(ListBox, ItemsAreFoundWholeOrByPrefixAndBadIndexesAnswerNothing)
     EXPECT_EQ(list->Select(vSTRING("zebra"), 1), 0);
     EXPECT_EQ(list->Select(marker, 1), 0) << "selecting by object never finds one";
     EXPECT_EQ(list->GetData(7), nullptr);
-    EXPECT_STREQ(list->operator[](7)(), "");
-
+    EXPECT_STREQ((*list)[7](), "");
     std::string longest(255, 'x');
     list->Insert(vSTRING("%s", longest.c_str()), nullptr, 0);
-    EXPECT_EQ(list->NoItems(), vINT(4));
     list->Insert(vSTRING("%s", (longest + "y").c_str()), &marker, 1);
-    EXPECT_EQ(list->NoItems(), vINT(4)) << "256 characters are refused";
+    EXPECT_EQ(list->NoItems(), vINT(4)) << "255 characters are taken, 256 refused";
     EXPECT_EQ(list->GetData(1), &marker) << "but the data still land on the index asked for";
-
     list->Remove(marker, 1);
-    EXPECT_EQ(list->NoItems(), vINT(3));
     list->Remove(vSTRING("ap"), 0);
     EXPECT_EQ(list->NoItems(), vINT(2));
     list->RemoveAll();
     list->Remove(0);
     list->Remove(vSTRING("x"), 0);
     EXPECT_EQ(list->NoItems(), vINT(0));
-}
-
-TEST_F(ListBox, SortingFollowsThePlatformAndCompareAnswersBySign)
-{
-    LIST* list = Filled(LBF_SORTED, {"pear", "Apple", "fig"});
-    EXPECT_STREQ((*list)[0](), "Apple");
-    EXPECT_STREQ((*list)[2](), "pear");
-    const struct {
-        const char *first, *second;
-        short answer;
-    } rows[] = {{"a", "b", -1}, {"b", "a", 1}, {"a", "a", 0}};
-    for (const auto& row : rows)
-        EXPECT_EQ(list->vCompare(vSTRING(row.first), vSTRING(row.second)), row.answer) << row.first << row.second;
+    LIST* sorted = Filled(LBF_SORTED, {"pear", "Apple", "fig"});
+    EXPECT_EQ(std::string((*sorted)[0]()) + (*sorted)[2](), "Applepear");
+    auto compare = [&](const char* one, const char* two) { return sorted->vCompare(vSTRING(one), vSTRING(two)); };
+    EXPECT_EQ(std::vector<short>({compare("a", "b"), compare("b", "a"), compare("a", "a")}),
+              std::vector<short>({-1, 1, 0})) << "compare answers by sign";
 }
 
 // Each state drawn: item 0 plain, item 1 selected, item 2 selected with the
@@ -176,75 +135,82 @@ TEST_F(ListBox, SortingFollowsThePlatformAndCompareAnswersBySign)
 TEST_F(ListBox, ItemsAreDrawnPlainSelectedAndFocused)
 {
     LIST* list = Filled(LBF_MULTIPLESEL);
+    HWND window = list->Handle();
     list->Select(1, 1);
     list->Select(2, 1);
-    SendMessageA(list->Handle(), LB_SETCARETINDEX, 2, 0);
-    InvalidateRect(list->Handle(), nullptr, TRUE);
-    UpdateWindow(list->Handle());
+    SendMessageA(window, LB_SETCARETINDEX, 2, 0);
+    InvalidateRect(window, nullptr, TRUE);
+    UpdateWindow(window);
     Settle();
     const COLORREF highlight = GetSysColor(COLOR_HIGHLIGHT);
     const char* names[] = {"listbox-normal", "listbox-selected", "listbox-selected-focused"};
     const COLORREF background[] = {GetSysColor(COLOR_WINDOW), highlight, highlight};
     for (int item = 0; item < 3; ++item) {
-        zktest::Pixels shot = Rows(list->Handle(), 18 * item, 18);
+        zktest::Pixels shot = Shot(window, 18 * item, 18);
         shot.Save(names[item]);
         EXPECT_EQ(shot.At(100, 9), background[item]) << names[item];
         EXPECT_GT(shot.Count(GetSysColor(COLOR_WINDOWTEXT)), 10) << names[item] << ": the text";
     }
     RECT client;
-    GetClientRect(list->Handle(), &client);
-    EXPECT_GT(client.right - Rows(list->Handle(), 36, 1).Count(highlight), 10) << "the focus frame";
+    GetClientRect(window, &client);
+    EXPECT_GT(client.right - Shot(window, 36, 1).Count(highlight), 10) << "the focus frame";
     DRAWITEMSTRUCT none = {};
     none.itemID = 0xFFFF;
     none.itemAction = ODA_DRAWENTIRE;
     EXPECT_EQ(list->ccPaint(&none), 0);
     list->RemoveAll();
-    InvalidateRect(list->Handle(), nullptr, TRUE);
-    SendMessageA(list->Handle(), WM_PAINT, 0, 0);
-    EXPECT_FALSE(GetUpdateRect(list->Handle(), nullptr, FALSE));
+    InvalidateRect(window, nullptr, TRUE);
+    SendMessageA(window, WM_PAINT, 0, 0);
+    EXPECT_FALSE(GetUpdateRect(window, nullptr, FALSE));
 }
 
 // A list without the drag form leaves the mouse and keys to the platform,
-// whose notifications reach the list's hook and then the parent.
+// whose notifications reach the list's hook and then the parent. Off the
+// item under the caret the platform has the double click, and its
+// notification stops before vCommand.
 TEST_F(ListBox, ThePlatformSelectsAndTheListHearsFirst)
 {
     LIST* list = Filled(0);
     ClickItem(*list, 2);
-    Key(VK_DOWN, true);
-    Key(VK_DOWN, false);
-    Key('B', true);
-    Key('B', false);
-    EXPECT_EQ(Taken(Reporters), (Lines{"parent.WM_COMMAND(40,1)", "list.vSelectionChange(2)", "parent.vCommand(40)",
-                                "parent.WM_COMMAND(40,1)", "list.vSelectionChange(3)", "parent.vCommand(40)",
-                                "parent.WM_COMMAND(40,1)", "list.vSelectionChange(1)", "parent.vCommand(40)"}));
-    // Off the item under the caret the platform has the double click, and
-    // its notification stops before vCommand.
+    for (WORD key : {WORD(VK_DOWN), WORD('B')}) {
+        KeyTo(key, true);
+        KeyTo(key, false);
+    }
+    Lines reports;
+    for (const char* index : {"2", "3", "1"})
+        reports.insert(reports.end(), {"parent.WM_COMMAND(40,1)", std::string("list.vSelectionChange(") + index + ")",
+                                       "parent.vCommand(40)"});
+    EXPECT_EQ(Taken(Reporters), reports);
     SendMessageA(list->Handle(), WM_LBUTTONDBLCLK, 0, MAKELPARAM(20, 110));
     SendMessageA(list->Handle(), WM_LBUTTONDBLCLK, 0, MAKELPARAM(20, 27));
     EXPECT_EQ(Taken(Reporters), (Lines{"parent.WM_COMMAND(40,2)", "list.vSelectionDoubleClick(1)"}));
 }
 
 // In a drag list the press on a selection keeps it for a drag; the release
-// finishes it. Ctrl takes a selected item out, Shift runs from the far end.
+// finishes it and clears the drag zone. Ctrl takes a selected item out,
+// Shift runs from the far end.
 TEST_F(ListBox, ADragListFinishesTheSelectionAtTheRelease)
 {
+    const Lines reports[] = {
+        {"parent.WM_COMMAND(40,1)", "list.vSelectionChange(1)", "parent.vCommand(40)"},
+        {"parent.WM_COMMAND(40,1)", "list.vSelectionChange(2)", "parent.vCommand(40)"},
+        {},
+    };
+    const unsigned short multiple = LBF_DRAG | LBF_MULTIPLESEL;
     const struct {
         unsigned short form;
         Lines before;
         int item;
         std::vector<WORD> held;
         Lines after;
-        Lines reports;
+        const Lines& reports;
     } rows[] = {
-        {LBF_DRAG, {}, 1, {}, {"beta"},
-         {"parent.WM_COMMAND(40,1)", "list.vSelectionChange(1)", "parent.vCommand(40)"}},
+        {LBF_DRAG, {}, 1, {}, {"beta"}, reports[0]},
         // A multiple list answers the platform's own idea of its current item.
-        {LBF_DRAG | LBF_MULTIPLESEL, {"alpha", "beta", "gamma"}, 1, {}, {"beta"},
-         {"parent.WM_COMMAND(40,1)", "list.vSelectionChange(1)", "parent.vCommand(40)"}},
-        {LBF_DRAG | LBF_MULTIPLESEL, {"alpha", "beta", "gamma"}, 1, {VK_CONTROL}, {"alpha", "gamma"},
-         {"parent.WM_COMMAND(40,1)", "list.vSelectionChange(2)", "parent.vCommand(40)"}},
+        {multiple, {"alpha", "beta", "gamma"}, 1, {}, {"beta"}, reports[0]},
+        {multiple, {"alpha", "beta", "gamma"}, 1, {VK_CONTROL}, {"alpha", "gamma"}, reports[1]},
         // Without a fake parent the shift-click's report goes nowhere.
-        {LBF_DRAG | LBF_MULTIPLESEL, {"beta"}, 3, {VK_SHIFT}, {"beta", "gamma", "delta"}, {}},
+        {multiple, {"beta"}, 3, {VK_SHIFT}, {"beta", "gamma", "delta"}, reports[2]},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.item);
@@ -260,6 +226,9 @@ TEST_F(ListBox, ADragListFinishesTheSelectionAtTheRelease)
     }
 }
 
+// The fake parent stands between the list and its parent, takes dropped
+// files, follows the list's size and passes the list's reports on with the
+// same identifier.
 TEST_F(ListBox, AFakeParentPassesTheListsReportsOnWithTheSameIdentifier)
 {
     zktest::TraceCapture trace;
@@ -271,16 +240,14 @@ TEST_F(ListBox, AFakeParentPassesTheListsReportsOnWithTheSameIdentifier)
     EXPECT_TRUE(GetWindowLongA(list->Handle(), GWL_EXSTYLE) & WS_EX_ACCEPTFILES);
     EXPECT_EQ(list->Parent(), parent);
     ClickItem(*list, 1);
-    EXPECT_EQ(Taken(Reporters),
-              (Lines{"list.vSelectionChange(1)", "parent.WM_COMMAND(40,1)", "parent.vCommand(40)"}));
-    EXPECT_NE(std::find(trace.Lines().begin(), trace.Lines().end(), "Trace: fake parent = message"),
-              trace.Lines().end());
+    EXPECT_EQ(Taken(Reporters), (Lines{"list.vSelectionChange(1)", "parent.WM_COMMAND(40,1)", "parent.vCommand(40)"}));
+    const Lines& traced = trace.Lines();
+    EXPECT_NE(std::find(traced.begin(), traced.end(), "Trace: fake parent = message"), traced.end());
     list->Size(vRECT(20, 30, 120, 90));
     RECT placed;
     GetWindowRect(fake, &placed);
     MapWindowPoints(nullptr, (*parent)(), reinterpret_cast<POINT*>(&placed), 2);
-    EXPECT_EQ(placed.left, 20);
-    EXPECT_EQ(placed.bottom, 90);
+    EXPECT_EQ(std::make_pair(placed.left, placed.bottom), std::make_pair(20L, 90L));
 }
 
 // Wine shows a name that starts with a dot as hidden; Windows takes the
@@ -297,8 +264,7 @@ TEST_F(ListBox, AFileListShowsHiddenDirectoriesButNotPlainOnes)
     LIST* list = Filled(LBF_SORTED, {"stale"});
     list->MakeFileList(vSTRING("%s", in("\\*").c_str()), 1);
     EXPECT_EQ(list->NoItems(), vINT(2));
-    EXPECT_STREQ((*list)[0](), ".hidden");
-    EXPECT_STREQ((*list)[1](), "note.txt");
+    EXPECT_EQ(std::string((*list)[0]()) + "," + (*list)[1](), ".hidden,note.txt");
     DeleteFileA(in("\\note.txt").c_str());
     SetFileAttributesA(in("\\.hidden").c_str(), FILE_ATTRIBUTE_DIRECTORY);
     for (const char* directory : {"\\plain", "\\.hidden", ""})

@@ -1,6 +1,6 @@
-#include "controls/buttontest.h"
+#include "controls/controltest.h"
 
-using namespace buttontest;
+using namespace controltest;
 
 namespace {
 
@@ -8,45 +8,39 @@ namespace {
 class PROBE : public vREPEATKEY {
 public:
     using vREPEATKEY::vREPEATKEY;
-
-    int vTimer(const vRESID& id) override { return Note("key.vTimer"), vREPEATKEY::vTimer(id); }
-};
-
-// A shown key, made as a bit button, and the command it sends its parent.
-class RepeatKeyTest : public ControlTest {
-protected:
-    void SetUp() override
+    int vTimer(const vRESID& id) override
     {
-        ControlTest::SetUp();
-        key = new PROBE(*parent, vCTRLID(7), face, vRECT(20, 20, 70, 60));
-        ShowPainted((*key)()), Log().clear();
+        Note("key.vTimer");
+        return vREPEATKEY::vTimer(id);
     }
-
-    std::string Command(LPARAM window) const { return "parent.WM_COMMAND(7,0," + std::to_string(window) + ")"; }
-
-    vBITMAP face{Face(Plain)};
-    PROBE* key = nullptr;
 };
 
-// The first message after the press arms the timer; every tick sends a
-// command and arms it again. The platform's own click on release comes
-// last, with the whole handle.
-TEST_F(RepeatKeyTest, HeldDownItCommandsTheParentAgainAndAgain)
+// Held down, a key made as a bit button commands its parent again and
+// again: the first message after the press arms the timer, every tick sends
+// a command with the handle's low word and arms it again. The platform's own
+// click on release comes last, with the whole handle.
+TEST_F(ControlTest, HeldDownARepeatKeyCommandsTheParentAgainAndAgain)
 {
-    MouseTo((*key)(), 25, 20);
+    vBITMAP face(Face(Plain));
+    PROBE* key = new PROBE(*parent, vCTRLID(7), face, vRECT(20, 20, 70, 60));
+    HWND window = (*key)();
+    ShowPainted(window);
+    MouseTo(window, 25, 20);
     PumpFor(50);
     Log().clear();
     Mouse(MOUSEEVENTF_LEFTDOWN);
     PumpFor(20);
-    MouseTo((*key)(), 26, 20);
+    MouseTo(window, 26, 20);
     PumpFor(700);
-    Lines held = Only("WM_COMMAND");
+    size_t held = parent->senders.size();
     Mouse(MOUSEEVENTF_LEFTUP);
     PumpFor(50);
-    ASSERT_GE(held.size(), 2u);
-    EXPECT_EQ(held, Lines(held.size(), Command(LOWORD((*key)()))));
-    EXPECT_EQ(Only("vTimer").size(), held.size());
-    EXPECT_EQ(Only("WM_COMMAND").back(), Command(reinterpret_cast<LPARAM>((*key)())));
+    ASSERT_GE(held, 2u);
+    std::vector<LPARAM> sent(held, LOWORD(window));
+    sent.push_back(reinterpret_cast<LPARAM>(window));
+    EXPECT_EQ(parent->senders, sent);
+    EXPECT_EQ(Only("vTimer").size(), held);
+    EXPECT_EQ(Only("WM_COMMAND"), Lines(held + 1, "parent.WM_COMMAND(7,0)"));
 }
 
 }  // namespace

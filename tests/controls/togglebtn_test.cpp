@@ -1,6 +1,6 @@
-#include "controls/buttontest.h"
+#include "controls/controltest.h"
 
-using namespace buttontest;
+using namespace controltest;
 
 namespace {
 
@@ -14,8 +14,6 @@ public:
     std::vector<long> State() const { return {recessed, tracking, pressed, toggled, ::GetCapture() == hWnd}; }
 };
 
-class ToggleTest : public ControlTest {};
-
 // One toggle through the mouse's inputs; each row starts where the row above
 // ended. Presses alternate between two points, so that only the last press
 // pairs with the one before it into a double click. Once the button is let
@@ -23,7 +21,7 @@ class ToggleTest : public ControlTest {};
 // never sees a click, so the parent hears no command; a dialog without a
 // data block changes nothing; and, after a first one, the toggle's life
 // leaves no GDI object.
-TEST_F(ToggleTest, TheMouseFlipsTheLastingStateOnlyByAReleaseStrictlyInside)
+TEST_F(ControlTest, TheMouseFlipsAToggleOnlyByAReleaseStrictlyInside)
 {
     enum INPUTKIND { MOVE, DOWN, UP };
     const POINT left = {30, 15}, right = {70, 15}, edge = {0, 15}, away = {150, 15};
@@ -41,10 +39,13 @@ TEST_F(ToggleTest, TheMouseFlipsTheLastingStateOnlyByAReleaseStrictlyInside)
         {"its release", UP, left, {0, 0, 1, 1, 0}},
     };
     HWND warm = (*new PROBE(*parent, vCTRLID(8), vSTRING("Warm"), vRECT(0, 0, 9, 9)))();
-    ShowPainted(warm), DestroyWindow(warm), wintest::Pump();
+    ShowPainted(warm);
+    DestroyWindow(warm);
+    wintest::Pump();
     unsigned long objects = zktest::LiveGdiObjects();
     PROBE* toggle = new PROBE(*parent, vCTRLID(7), vSTRING("Bold"), vRECT(20, 20, 120, 50));
-    toggle->SetupView(nullptr, 0), ShowPainted((*toggle)());
+    toggle->SetupView(nullptr, 0);
+    ShowPainted((*toggle)());
     Log().clear();
     for (const auto& row : rows) {
         SCOPED_TRACE(row.what);
@@ -60,7 +61,8 @@ TEST_F(ToggleTest, TheMouseFlipsTheLastingStateOnlyByAReleaseStrictlyInside)
     }
     EXPECT_EQ(Only("WM_COMMAND"), Lines{});
     EXPECT_STREQ(toggle->Text()(), "Bold");
-    DestroyWindow((*toggle)()), wintest::Pump();
+    DestroyWindow((*toggle)());
+    wintest::Pump();
     EXPECT_EQ(zktest::LiveGdiObjects(), objects);
 }
 
