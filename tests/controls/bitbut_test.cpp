@@ -4,8 +4,7 @@ using namespace controltest;
 
 namespace {
 
-// The disabled face has a hole of 4 by 4 in the key colour, through which a
-// face drawn before it shows.
+// The disabled face has a hole of 4 by 4 in the key colour, through which a face drawn before it shows.
 const int Hole = 4 * 4;
 
 class PROBE : public vBITBUT {
@@ -16,10 +15,9 @@ public:
 
 using BitButTest = ControlTest;
 
-// Pressed goes before focused; disabled is drawn over whatever was drawn,
-// and alone it leaves the plain face out. The key colour never shows.
-TEST_F(BitButTest, EachStateShowsItsFaceWithoutTheKeyColour)
-{
+// Pressed goes before focused; disabled is drawn over whatever was drawn, and alone it leaves the plain face out. The
+// key colour never shows.
+TEST_F(BitButTest, EachStateShowsItsFaceWithoutTheKeyColour) {
     const std::vector<int> counts[] = {
         // plain, pressed, focused, disabled, in the order of States
         {Core, 0, 0, 0}, {0, Core, 0, 0}, {0, 0, Core, 0},
@@ -42,11 +40,9 @@ TEST_F(BitButTest, EachStateShowsItsFaceWithoutTheKeyColour)
     }
 }
 
-// A face needs a margin of 3 all round; the base library holds no bitmap of
-// the number New is given, and the button is made all the same, empty and
-// of the smallest size.
-TEST_F(BitButTest, ResizedOnlyWhenTheFaceDoesNotFitAndDefaultWhenAsked)
-{
+// A face needs a margin of 3 all round; the base library holds no bitmap of the number New is given, and the button is
+// made all the same, empty and of the smallest size.
+TEST_F(BitButTest, ResizedOnlyWhenTheFaceDoesNotFitAndDefaultWhenAsked) {
     wintest::Watched().insert(DM_SETDEFID);
     vBITMAP plain(Face(Plain));
     PROBE* kept = new PROBE(*parent, vCTRLID(7), plain, vRECT(0, 0, 22, 22));
@@ -54,11 +50,7 @@ TEST_F(BitButTest, ResizedOnlyWhenTheFaceDoesNotFitAndDefaultWhenAsked)
     vCTRLID id(9);
     vRESID missing(32099, vSYSTEM::Pointer());
     vCONTROL* empty = vBITBUT::New(*parent, id, missing);
-    const struct {
-        HWND window;
-        long width, height;
-        LONG kind;
-    } rows[] = {{(*kept)(), 22, 22, BS_PUSHBUTTON},
+    const struct { HWND window; long width, height; LONG kind; } rows[] = {{(*kept)(), 22, 22, BS_PUSHBUTTON},
                 {(*grown)(), 28, 28, BS_DEFPUSHBUTTON},
                 {(*empty)(), 12, 12, BS_PUSHBUTTON}};
     for (const auto& row : rows) {

@@ -17,13 +17,10 @@ public:
 
 using ComboBox = ControlTest;
 
-// A drop list is an owner-drawn drop-down list of strings (the scroll bar
-// asked for belongs to the dropped list). Its rows lengthen the window from
-// where it ends now; the platform keeps a combo box's window at the height
-// of its field, so a second call starts from the field again. Its snapshot
-// always holds one entry, the current item or -1.
-TEST_F(ComboBox, ADropListIsAnOwnerDrawnDropDownListWithOneSelection)
-{
+// A drop list is an owner-drawn drop-down list of strings (the scroll bar asked for belongs to the dropped list). Its
+// rows lengthen the window from where it ends now; the platform keeps a combo box's window at the height of its field,
+// so a second call starts from the field again. Its snapshot always holds one entry, the current item or -1.
+TEST_F(ComboBox, ADropListIsAnOwnerDrawnDropDownListWithOneSelection) {
     DROP* drop = new DROP(*parent, 4, CBF_SORTED);
     const DWORD made = CBS_HASSTRINGS | CBS_OWNERDRAWFIXED | CBS_DROPDOWNLIST | CBS_SORT;
     EXPECT_EQ(GetWindowLongA(drop->Handle(), GWL_STYLE) & made, made);
@@ -50,16 +47,14 @@ TEST_F(ComboBox, ADropListIsAnOwnerDrawnDropDownListWithOneSelection)
     }
 }
 
-// Opened and closed by real clicks; the choice reaches the list's hook with
-// the index 0, since the list's number is asked of a combo box, then the
-// parent's vCommand.
-TEST_F(ComboBox, AClickDropsTheListAndAChoiceClosesIt)
-{
+// Opened and closed by real clicks; the choice reaches the list's hook with the index 0, since the list's number is
+// asked of a combo box, then the parent's vCommand.
+TEST_F(ComboBox, AClickDropsTheListAndAChoiceClosesIt) {
     DROP* drop = new DROP(*parent, 4, 0);
     for (const char* item : {"red", "green", "blue"})
         drop->Append(vSTRING("%s", item), nullptr);
     drop->Show();
-    Settle();
+    PumpFor(100);
     POINT field = {60, 8};
     ClientToScreen(drop->Handle(), &field);
     Click(field);
@@ -78,8 +73,7 @@ TEST_F(ComboBox, AClickDropsTheListAndAChoiceClosesIt)
     EXPECT_FALSE(drop->Dropped());
 }
 
-TEST_F(ComboBox, TheEditableFormsMakeTheirWindowButKeepNoItems)
-{
+TEST_F(ComboBox, TheEditableFormsMakeTheirWindowButKeepNoItems) {
     vCOMBOBOX* simple = new vCOMBOBOX(*parent, vCTRLID(42), CBF_SORTED, vSIZE(0, 0), vRECT(10, 40, 160, 120));
     const LONG open = CBS_SIMPLE | CBS_SORT;
     EXPECT_EQ(GetWindowLongA((*simple)(), GWL_STYLE) & open, open);

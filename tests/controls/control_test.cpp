@@ -4,9 +4,8 @@ using namespace controltest;
 
 namespace {
 
-// A control of an application: it records the hooks the library calls, and
-// either lets the control base create its window or creates one of the
-// platform class it names.
+// A control of an application: it records the hooks the library calls, and either lets the control base create its
+// window or creates one of the platform class it names.
 class PROBE : public vCONTROL {
 public:
     PROBE(const vWIN& parent, unsigned short id, const vRECT& rect, const char* caption,
@@ -24,19 +23,14 @@ public:
 
     void SetupView(char*, unsigned short) override {}
     void UpdateData(void*) override {}
-    int ccPaint(tagDRAWITEMSTRUCT* item) override
-    {
-        Note(name + ".ccPaint(" + std::to_string(item->CtlID) + ")");
-        return 5;
+    int ccPaint(tagDRAWITEMSTRUCT* item) override {
+        return Noted(name + ".ccPaint(" + std::to_string(item->CtlID) + ")", 5);
     }
-    short vCompare(const vSTRING& first, const vSTRING& second) override
-    {
-        Note(name + ".vCompare(" + first() + "," + second() + ")");
-        return -2;
+    short vCompare(const vSTRING& one, const vSTRING& two) override {
+        return Noted(name + ".vCompare(" + one() + "," + two() + ")", short(-2));
     }
     HWND Handle() const { return hWnd; }
-    std::string Title() const
-    {
+    std::string Title() const {
         char title[64] = "";
         GetWindowTextA(hWnd, title, sizeof title);
         return title;
@@ -45,17 +39,10 @@ public:
     std::string name;
 };
 
-// Made in a window without a template, a control takes its rectangle as it
-// is, or nothing at all for the adoption mark, shows only its mnemonic, and
-// stands in the tab order.
-TEST_F(ControlTest, MadeInAPlainWindowCreatesItsOwnWindow)
-{
-    const struct {
-        vRECT rect;
-        const char* text;
-        vRECT bound;
-        const char* title;
-    } rows[] = {
+// Made in a window without a template, a control takes its rectangle as it is, or nothing at all for the adoption mark,
+// shows only its mnemonic, and stands in the tab order.
+TEST_F(ControlTest, MadeInAPlainWindowCreatesItsOwnWindow) {
+    const struct { vRECT rect; const char* text; vRECT bound; const char* title; } rows[] = {
         {vRECT(-1, -1, -1, -1), "&Open", vRECT(0, 0, 0, 0), "&O"},
         {vRECT(5, 6, 50, 30), "Fi&le", vRECT(5, 6, 50, 30), "&l"},
         {vRECT(5, 6, 50, 30), "End&", vRECT(5, 6, 50, 30), "&"},
@@ -76,20 +63,12 @@ TEST_F(ControlTest, MadeInAPlainWindowCreatesItsOwnWindow)
     }
 }
 
-// The parent hands owner-drawn items to the control of the identifier and
-// leaves the others to the default processing; while a control is being
-// made the window under construction answers the measure, narrowed to 16
-// signed bits. The platform's own owner-drawn button asks its parent to draw.
-TEST_F(ControlTest, OwnerDrawingMessagesReachTheControl)
-{
+// The parent hands owner-drawn items to the control of the identifier and leaves the others to the default processing;
+// while a control is being made the window under construction answers the measure, narrowed to 16 signed bits. The
+// platform's own owner-drawn button asks its parent to draw.
+TEST_F(ControlTest, OwnerDrawingMessagesReachTheControl) {
     static char apple[] = "apple", pear[] = "pear";
-    const struct {
-        UINT message;
-        unsigned short controlId;
-        Lines calls;
-        LRESULT result;
-        bool creating;
-    } rows[] = {
+    const struct { UINT message; unsigned short controlId; Lines calls; LRESULT result; bool creating; } rows[] = {
         {WM_DRAWITEM, 7, {"probe7.ccPaint(7)"}, 5, false},
         {WM_DRAWITEM, 9, {"parent default 43"}, 0, false},
         {WM_MEASUREITEM, 7, {}, 1, false},
@@ -105,24 +84,22 @@ TEST_F(ControlTest, OwnerDrawingMessagesReachTheControl)
     for (const auto& row : rows) {
         SCOPED_TRACE(std::to_string(row.message) + " for " + std::to_string(row.controlId));
         Log().clear();
-        DRAWITEMSTRUCT draw = {};
-        MEASUREITEMSTRUCT measure = {};
-        COMPAREITEMSTRUCT compare = {};
-        DELETEITEMSTRUCT gone = {};
-        draw.CtlID = measure.CtlID = compare.CtlID = gone.CtlID = row.controlId;
-        compare.itemData1 = reinterpret_cast<ULONG_PTR>(apple);
-        compare.itemData2 = reinterpret_cast<ULONG_PTR>(pear);
-        void* records[] = {&draw, &measure, &gone};
-        void* record = row.message == WM_COMPAREITEM ? &compare : records[row.message - WM_DRAWITEM];
+        // Every record starts with the control's type and identifier.
+        union { DRAWITEMSTRUCT draw; MEASUREITEMSTRUCT measure; COMPAREITEMSTRUCT compare; } record = {};
+        record.draw.CtlID = row.controlId;
+        if (row.message == WM_COMPAREITEM) {
+            record.compare.itemData1 = reinterpret_cast<ULONG_PTR>(apple);
+            record.compare.itemData2 = reinterpret_cast<ULONG_PTR>(pear);
+        }
         vWIN::NewedThis = row.creating ? made : nullptr;
-        LRESULT result = SendMessageA((*parent)(), row.message, row.controlId, reinterpret_cast<LPARAM>(record));
+        LRESULT result = SendMessageA((*parent)(), row.message, row.controlId, reinterpret_cast<LPARAM>(&record));
         vWIN::NewedThis = nullptr;
         EXPECT_EQ(Log(), row.calls);
         EXPECT_EQ(row.result ? result : 0, row.result) << "the default's answer is the platform's";
         if (row.message == WM_MEASUREITEM && row.result) {
             vRECT size = *(row.creating ? made : probe)->Bound();
-            EXPECT_EQ(measure.itemWidth, static_cast<UINT>(size.Width()()));
-            EXPECT_EQ(measure.itemHeight, static_cast<UINT>(static_cast<short>(size.Height()())));
+            EXPECT_EQ(record.measure.itemWidth, static_cast<UINT>(size.Width()()));
+            EXPECT_EQ(record.measure.itemHeight, static_cast<UINT>(static_cast<short>(size.Height()())));
         }
     }
     Log().clear();
@@ -132,17 +109,12 @@ TEST_F(ControlTest, OwnerDrawingMessagesReachTheControl)
     EXPECT_EQ(Only("ccPaint"), Lines{"probe9.ccPaint(9)"});
 }
 
-// Only key code 43 goes to the parent's Enter handler, whose answer is the
-// control's.
-TEST_F(ControlTest, OnlyKeyCode43GoesToTheParentsEnterHandler)
-{
+// Only key code 43 goes to the parent's Enter handler, whose answer is the control's.
+TEST_F(ControlTest, OnlyKeyCode43GoesToTheParentsEnterHandler) {
     PROBE* probe = new PROBE(*parent, 7, vRECT(10, 10, 70, 35), "A");
     parent->Answer("vEnterKey", 6);
-    const struct {
-        vKEYCODE key;
-        int answer;
-        Lines calls;
-    } rows[] = {{13, 0, {}}, {9, 0, {}}, {43, 6, {"parent.vEnterKey()"}}};
+    const struct { vKEYCODE key; int answer; Lines calls; } rows[] = {
+        {13, 0, {}}, {9, 0, {}}, {43, 6, {"parent.vEnterKey()"}}};
     for (const auto& row : rows) {
         Log().clear();
         EXPECT_EQ(probe->vProcessKeyboard(row.key), row.answer) << row.key;
@@ -150,22 +122,12 @@ TEST_F(ControlTest, OnlyKeyCode43GoesToTheParentsEnterHandler)
     }
 }
 
-// Setting the text wipes the control and draws the label where the style
-// puts it, greyed while the control is disabled; the window keeps only the
-// mnemonic.
-TEST_F(ControlTest, TextSetsAndDrawsTheKeptLabel)
-{
+// Setting the text wipes the control and draws the label where the style puts it, greyed while the control is disabled;
+// the window keeps only the mnemonic.
+TEST_F(ControlTest, TextSetsAndDrawsTheKeptLabel) {
     const COLORREF ink = GetSysColor(COLOR_BTNTEXT);
-    const struct {
-        const char* what;
-        DWORD style;
-        bool enabled;
-        int third;
-        COLORREF ink;
-    } rows[] = {
-        {"left", 0, true, 0, ink},
-        {"centre", 1, true, 1, ink},
-        {"right", 2, true, 2, ink},
+    const struct { const char* what; DWORD style; bool enabled; int third; COLORREF ink; } rows[] = {
+        {"left", 0, true, 0, ink}, {"centre", 1, true, 1, ink}, {"right", 2, true, 2, ink},
         {"disabled", 0, false, 0, GetSysColor(COLOR_GRAYTEXT)},
     };
     for (const auto& row : rows) {

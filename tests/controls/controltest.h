@@ -18,28 +18,21 @@ using wintest::Note;
 using wintest::Only;
 using Lines = std::vector<std::string>;
 
-// The face colours: the key colour frames each face and is never drawn by a
-// bit button; the others tell the faces apart.
-const COLORREF Key = RGB(192, 192, 192);
-const COLORREF Plain = RGB(255, 0, 0);
-const COLORREF Pressed = RGB(0, 255, 0);
-const COLORREF Focused = RGB(0, 0, 255);
-const COLORREF Disabled = RGB(255, 255, 0);
-// A face is 16 pixels square: a frame of 2 in the key colour round 12 by 12.
-const int Side = 16;
-const int Core = 12 * 12;
+// The face colours: the key colour frames each face and is never drawn by a bit button; the others tell the faces
+// apart. A face is 16 pixels square: a frame of 2 in the key colour round 12 by 12.
+const COLORREF Key = RGB(192, 192, 192), Plain = RGB(255, 0, 0), Pressed = RGB(0, 255, 0);
+const COLORREF Focused = RGB(0, 0, 255), Disabled = RGB(255, 255, 0);
+const int Side = 16, Core = 12 * 12;
 
-// The true parent of the controls under test: it notes each command with its
-// notification code as it arrives, before the library's dispatch runs, and
-// keeps the handle the command carries.
+// The true parent of the controls under test: it notes each command with its notification code as it arrives, before
+// the library's dispatch runs, and keeps the handle the command carries.
 class PARENT : public wintest::RECORDER {
 public:
     PARENT(const vWIN& parent, const vRECT& rect) : RECORDER(parent, rect, "parent") {}
     std::vector<LPARAM> senders;
 
 protected:
-    int MsgHandler(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result) override
-    {
+    int MsgHandler(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result) override {
         if (message == WM_COMMAND) {
             Note("parent.WM_COMMAND(" + std::to_string(LOWORD(wParam)) + "," + std::to_string(HIWORD(wParam)) + ")");
             senders.push_back(lParam);
@@ -48,34 +41,37 @@ protected:
     }
 };
 
-// A face of the given side in one colour, framed by 2 pixels of the key
-// colour, with a hole of the key colour of the given side in its middle;
-// the caller owns it.
-inline HBITMAP Face(COLORREF inner, int side = Side, int hole = 0)
-{
+// Notes a hook's call and gives the answer the hook is to give.
+template <class T>
+T Noted(const std::string& call, T answer) {
+    Note(call);
+    return answer;
+}
+
+// A face of the given side in one colour, framed by 2 pixels of the key colour, with a hole of the key colour of the
+// given side in its middle; the caller owns it.
+inline HBITMAP Face(COLORREF inner, int side = Side, int hole = 0) {
     HDC screen = GetDC(nullptr);
     HBITMAP bitmap = CreateCompatibleBitmap(screen, side, side);
     HDC dc = CreateCompatibleDC(screen);
     HGDIOBJ old = SelectObject(dc, bitmap);
-    HBRUSH key = CreateSolidBrush(Key);
-    HBRUSH middle = CreateSolidBrush(inner);
-    RECT all = {0, 0, side, side}, core = {2, 2, side - 2, side - 2};
-    RECT gap = {(side - hole) / 2, (side - hole) / 2, (side + hole) / 2, (side + hole) / 2};
-    FillRect(dc, &all, key);
-    FillRect(dc, &core, middle);
-    FillRect(dc, &gap, key);
-    DeleteObject(key);
-    DeleteObject(middle);
+    auto fill = [dc](int from, int to, COLORREF colour) {
+        RECT area = {from, from, to, to};
+        HBRUSH brush = CreateSolidBrush(colour);
+        FillRect(dc, &area, brush);
+        DeleteObject(brush);
+    };
+    fill(0, side, Key);
+    fill(2, side - 2, inner);
+    fill((side - hole) / 2, (side + hole) / 2, Key);
     SelectObject(dc, old);
     DeleteDC(dc);
     ReleaseDC(nullptr, screen);
     return bitmap;
 }
 
-// The client area of a window as it is on the screen, or the rows of it
-// from the top given.
-inline zktest::Pixels Shot(HWND window, int top = 0, int rows = 0)
-{
+// The client area of a window as it is on the screen, or the rows of it from the top given.
+inline zktest::Pixels Shot(HWND window, int top = 0, int rows = 0) {
     RECT client;
     GetClientRect(window, &client);
     rows = rows ? rows : client.bottom;
@@ -92,10 +88,9 @@ inline zktest::Pixels Shot(HWND window, int top = 0, int rows = 0)
     return shot;
 }
 
-// The window loop's part that the tests play, for about the time given: key
-// messages feed the keyboard state that a press reads.
-inline void PumpFor(DWORD ms)
-{
+// The window loop's part that the tests play, for about the time given: key messages feed the keyboard state that a
+// press reads.
+inline void PumpFor(DWORD ms) {
     DWORD until = GetTickCount() + ms;
     do {
         MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
@@ -111,11 +106,8 @@ inline void PumpFor(DWORD ms)
     } while (static_cast<long>(until - GetTickCount()) > 0);
 }
 
-inline void Settle() { PumpFor(100); }
-
 // Shows a window and lets it paint.
-inline void ShowPainted(HWND window)
-{
+inline void ShowPainted(HWND window) {
     ShowWindow(window, SW_SHOWNA);
     InvalidateRect(window, nullptr, TRUE);
     UpdateWindow(window);
@@ -127,84 +119,78 @@ struct STATE {
     const char* name;
     bool focus, press, disable;
 };
-const STATE States[] = {
-    {"normal", 0, 0, 0},  {"pressed", 0, 1, 0},         {"focused", 1, 0, 0},
-    {"disabled", 0, 0, 1}, {"focused-pressed", 1, 1, 0}, {"pressed-disabled", 0, 1, 1},
-};
-inline zktest::Pixels ShotIn(HWND button, const STATE& state)
-{
+const STATE States[] = {{"normal", 0, 0, 0},   {"pressed", 0, 1, 0},         {"focused", 1, 0, 0},
+                        {"disabled", 0, 0, 1}, {"focused-pressed", 1, 1, 0}, {"pressed-disabled", 0, 1, 1}};
+inline zktest::Pixels ShotIn(HWND button, const STATE& state) {
     ShowPainted(button);
     if (state.focus)
         SetFocus(button);
-    if (state.press)
-        SendMessageA(button, BM_SETSTATE, 1, 0);
-    if (state.disable)
-        EnableWindow(button, FALSE);
+    SendMessageA(button, BM_SETSTATE, state.press, 0);
+    EnableWindow(button, !state.disable);
     ShowPainted(button);
     return Shot(button);
 }
 
-inline void Mouse(DWORD flags)
-{
+// Real input: the mouse's buttons, the mouse put on a point of a window's client area, a key pressed or let go, a
+// character typed into the window that has the focus.
+inline void Mouse(DWORD flags) {
     INPUT input = {};
     input.type = INPUT_MOUSE;
     input.mi.dwFlags = flags;
     SendInput(1, &input, sizeof input);
 }
-
-// Puts the mouse on a point of the window's client area.
-inline void MouseTo(HWND window, int x, int y)
-{
+inline void MouseTo(HWND window, int x, int y) {
     POINT at = {x, y};
     ClientToScreen(window, &at);
     SetCursorPos(at.x, at.y);
     Mouse(MOUSEEVENTF_MOVE);
 }
-
-inline void KeyTo(WORD key, bool down)
-{
+inline void KeyTo(WORD key, bool down, WORD character = 0) {
     INPUT input = {};
     input.type = INPUT_KEYBOARD;
     input.ki.wVk = key;
-    input.ki.dwFlags = down ? 0 : KEYEVENTF_KEYUP;
+    input.ki.wScan = character;
+    input.ki.dwFlags = (character ? KEYEVENTF_UNICODE : 0) | (down ? 0 : KEYEVENTF_KEYUP);
     SendInput(1, &input, sizeof input);
-    Settle();
+    PumpFor(character ? 20 : 100);
+}
+inline void Type(const std::string& keys) {
+    for (char key : keys) {
+        KeyTo(0, true, static_cast<unsigned char>(key));
+        KeyTo(0, false, static_cast<unsigned char>(key));
+    }
+}
+
+// Holds the mouse's button down on a point of a window for about the time given, moving by a pixel so that the
+// platform's tracking runs unless asked to keep still, and lets it go.
+inline void Hold(HWND window, int x, int y, DWORD ms, bool still = false) {
+    MouseTo(window, x, y);
+    PumpFor(30);
+    Log().clear();
+    Mouse(MOUSEEVENTF_LEFTDOWN);
+    PumpFor(30);
+    if (!still)
+        MouseTo(window, x + 1, y);
+    PumpFor(ms);
+    Mouse(MOUSEEVENTF_LEFTUP);
+    PumpFor(60);
 }
 
 // A real click at a point of the screen, with the keys given held.
-inline void Click(POINT at, const std::vector<WORD>& held = {})
-{
+inline void Click(POINT at, const std::vector<WORD>& held = {}) {
     SetCursorPos(at.x, at.y);
     for (WORD key : held)
         KeyTo(key, true);
     for (DWORD flags : {MOUSEEVENTF_MOVE, MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP}) {
         Mouse(flags);
-        Settle();
+        PumpFor(100);
     }
     for (WORD key : held)
         KeyTo(key, false);
 }
 
-// Presses and lets go of each character's key, for the window that has the focus.
-inline void Type(const std::string& keys)
-{
-    for (char key : keys) {
-        INPUT press[2] = {};
-        for (INPUT& input : press) {
-            input.type = INPUT_KEYBOARD;
-            input.ki.wScan = static_cast<unsigned char>(key);
-            input.ki.dwFlags = KEYEVENTF_UNICODE;
-        }
-        press[1].ki.dwFlags |= KEYEVENTF_KEYUP;
-        SendInput(2, press, sizeof(INPUT));
-        PumpFor(40);
-    }
-}
-
-// The lines of the log that start with one of the prefixes; the log is
-// emptied.
-inline Lines Taken(const std::vector<std::string>& prefixes)
-{
+// The lines of the log that start with one of the prefixes; the log is emptied.
+inline Lines Taken(const std::vector<std::string>& prefixes) {
     Lines kept;
     for (const std::string& line : Log())
         for (const std::string& prefix : prefixes)
@@ -214,19 +200,17 @@ inline Lines Taken(const std::vector<std::string>& prefixes)
     return kept;
 }
 
-// Every test gets a shown parent under the shared top-level window; the
-// parent and the controls in it die with the test.
+// Every test gets a shown parent under the shared top-level window; the parent and the controls in it die with the
+// test.
 class ControlTest : public wintest::WindowTest {
 protected:
-    void SetUp() override
-    {
+    void SetUp() override {
         WindowTest::SetUp();
         parent = new PARENT(Top(), vRECT(0, 0, 300, 200));
         ShowWindow((*parent)(), SW_SHOW);
         PumpFor(20);
     }
-    void TearDown() override
-    {
+    void TearDown() override {
         DestroyWindow((*parent)());
         PumpFor(20);
         WindowTest::TearDown();

@@ -12,14 +12,9 @@ public:
     LIST(const vWIN& parent, unsigned short form, const vSIZE& size = vSIZE(0, 18))
         : vLISTBOX(parent, vCTRLID(40), form, size, vRECT(10, 10, 160, 130)) {}
 
-    void vSelectionChange(unsigned short index) override
-    {
-        Note("list.vSelectionChange(" + std::to_string(index) + ")");
-    }
-    int vSelectionDoubleClick(unsigned short index, const vPOINT&) override
-    {
-        Note("list.vSelectionDoubleClick(" + std::to_string(index) + ")");
-        return 1;
+    void vSelectionChange(unsigned short i) override { Note("list.vSelectionChange(" + std::to_string(i) + ")"); }
+    int vSelectionDoubleClick(unsigned short i, const vPOINT&) override {
+        return Noted("list.vSelectionDoubleClick(" + std::to_string(i) + ")", 1);
     }
     using vLISTBOX::fakeParent, vLISTBOX::MakeFileList, vLISTBOX::selectionCount;
     HWND Handle() const { return hWnd; }
@@ -28,8 +23,7 @@ public:
 const std::vector<std::string> Reporters = {"list.", "parent.WM_COMMAND(", "parent.vCommand("};
 
 // A real click in the middle of an item.
-void ClickItem(LIST& list, int index, const std::vector<WORD>& held = {})
-{
+void ClickItem(LIST& list, int index, const std::vector<WORD>& held = {}) {
     RECT item = {};
     SendMessageA(list.Handle(), LB_GETITEMRECT, index, reinterpret_cast<LPARAM>(&item));
     POINT at = {(item.left + item.right) / 2, (item.top + item.bottom) / 2};
@@ -37,8 +31,7 @@ void ClickItem(LIST& list, int index, const std::vector<WORD>& held = {})
     Click(at, held);
 }
 
-Lines Selected(LIST& list)
-{
+Lines Selected(LIST& list) {
     Lines items;
     for (long i = 0; i < list.NoItems()(); ++i)
         if (SendMessageA(list.Handle(), LB_GETSEL, i, 0) > 0)
@@ -48,28 +41,22 @@ Lines Selected(LIST& list)
 
 class ListBox : public ControlTest {
 protected:
-    LIST* Filled(unsigned short form, std::vector<const char*> items = {"alpha", "beta", "gamma", "delta"})
-    {
+    LIST* Filled(unsigned short form, std::vector<const char*> items = {"alpha", "beta", "gamma", "delta"}) {
         LIST* list = new LIST(*parent, form);
         for (const char* item : items)
             list->Append(vSTRING("%s", item), nullptr);
         list->Show();
         SetFocus(list->Handle());
-        Settle();
+        PumpFor(100);
         Log().clear();
         return list;
     }
 };
 
-// The scroll bars are asked for too; the platform keeps their bits only
-// while they show.
-TEST_F(ListBox, TheFlagWordChoosesThePlatformStyle)
-{
+// The scroll bars are asked for too; the platform keeps their bits only while they show.
+TEST_F(ListBox, TheFlagWordChoosesThePlatformStyle) {
     const DWORD every = WS_BORDER | LBS_NOTIFY | LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT;
-    const struct {
-        unsigned short form;
-        DWORD with, without;
-    } rows[] = {
+    const struct { unsigned short form; DWORD with, without; } rows[] = {
         {0, LBS_OWNERDRAWFIXED, LBS_SORT | LBS_MULTICOLUMN | LBS_MULTIPLESEL | LBS_EXTENDEDSEL | WS_TABSTOP},
         {LBF_MULTICOLUMN, LBS_OWNERDRAWFIXED | LBS_MULTICOLUMN, 0},
         {LBF_SORTED, LBS_SORT, 0},
@@ -96,10 +83,9 @@ TEST_F(ListBox, TheFlagWordChoosesThePlatformStyle)
     EXPECT_EQ(SendMessageA(list->Handle(), LB_GETITEMHEIGHT, 0, 0), 5);
 }
 
-// Items are found whole or by prefix, sorted as the platform sorts; bad
-// indexes answer nothing; an item of 255 characters is the longest.
-TEST_F(ListBox, ItemsAreFoundWholeOrByPrefixAndBadIndexesAnswerNothing)
-{
+// Items are found whole or by prefix, sorted as the platform sorts; bad indexes answer nothing; an item of 255
+// characters is the longest.
+TEST_F(ListBox, ItemsAreFoundWholeOrByPrefixAndBadIndexesAnswerNothing) {
     LIST* list = Filled(0, {"apple", "banana", "apricot"});
     vINT marker(7);
     EXPECT_EQ(list->Index(vSTRING("ap")), -1);
@@ -130,10 +116,9 @@ TEST_F(ListBox, ItemsAreFoundWholeOrByPrefixAndBadIndexesAnswerNothing)
               std::vector<short>({-1, 1, 0})) << "compare answers by sign";
 }
 
-// Each state drawn: item 0 plain, item 1 selected, item 2 selected with the
-// focus frame on it. An empty list is not painted at all.
-TEST_F(ListBox, ItemsAreDrawnPlainSelectedAndFocused)
-{
+// Each state drawn: item 0 plain, item 1 selected, item 2 selected with the focus frame on it. An empty list is not
+// painted at all.
+TEST_F(ListBox, ItemsAreDrawnPlainSelectedAndFocused) {
     LIST* list = Filled(LBF_MULTIPLESEL);
     HWND window = list->Handle();
     list->Select(1, 1);
@@ -141,7 +126,7 @@ TEST_F(ListBox, ItemsAreDrawnPlainSelectedAndFocused)
     SendMessageA(window, LB_SETCARETINDEX, 2, 0);
     InvalidateRect(window, nullptr, TRUE);
     UpdateWindow(window);
-    Settle();
+    PumpFor(100);
     const COLORREF highlight = GetSysColor(COLOR_HIGHLIGHT);
     const char* names[] = {"listbox-normal", "listbox-selected", "listbox-selected-focused"};
     const COLORREF background[] = {GetSysColor(COLOR_WINDOW), highlight, highlight};
@@ -164,12 +149,10 @@ TEST_F(ListBox, ItemsAreDrawnPlainSelectedAndFocused)
     EXPECT_FALSE(GetUpdateRect(window, nullptr, FALSE));
 }
 
-// A list without the drag form leaves the mouse and keys to the platform,
-// whose notifications reach the list's hook and then the parent. Off the
-// item under the caret the platform has the double click, and its
-// notification stops before vCommand.
-TEST_F(ListBox, ThePlatformSelectsAndTheListHearsFirst)
-{
+// A list without the drag form leaves the mouse and keys to the platform, whose notifications reach the list's hook and
+// then the parent. Off the item under the caret the platform has the double click, and its notification stops before
+// vCommand.
+TEST_F(ListBox, ThePlatformSelectsAndTheListHearsFirst) {
     LIST* list = Filled(0);
     ClickItem(*list, 2);
     for (WORD key : {WORD(VK_DOWN), WORD('B')}) {
@@ -186,11 +169,9 @@ TEST_F(ListBox, ThePlatformSelectsAndTheListHearsFirst)
     EXPECT_EQ(Taken(Reporters), (Lines{"parent.WM_COMMAND(40,2)", "list.vSelectionDoubleClick(1)"}));
 }
 
-// In a drag list the press on a selection keeps it for a drag; the release
-// finishes it and clears the drag zone. Ctrl takes a selected item out,
-// Shift runs from the far end.
-TEST_F(ListBox, ADragListFinishesTheSelectionAtTheRelease)
-{
+// In a drag list the press on a selection keeps it for a drag; the release finishes it and clears the drag zone. Ctrl
+// takes a selected item out, Shift runs from the far end.
+TEST_F(ListBox, ADragListFinishesTheSelectionAtTheRelease) {
     const Lines reports[] = {
         {"parent.WM_COMMAND(40,1)", "list.vSelectionChange(1)", "parent.vCommand(40)"},
         {"parent.WM_COMMAND(40,1)", "list.vSelectionChange(2)", "parent.vCommand(40)"},
@@ -226,11 +207,9 @@ TEST_F(ListBox, ADragListFinishesTheSelectionAtTheRelease)
     }
 }
 
-// The fake parent stands between the list and its parent, takes dropped
-// files, follows the list's size and passes the list's reports on with the
-// same identifier.
-TEST_F(ListBox, AFakeParentPassesTheListsReportsOnWithTheSameIdentifier)
-{
+// The fake parent stands between the list and its parent, takes dropped files, follows the list's size and passes the
+// list's reports on with the same identifier.
+TEST_F(ListBox, AFakeParentPassesTheListsReportsOnWithTheSameIdentifier) {
     zktest::TraceCapture trace;
     LIST* list = Filled(LBF_FAKEPARENT);
     ASSERT_NE(list->fakeParent, nullptr);
@@ -250,10 +229,8 @@ TEST_F(ListBox, AFakeParentPassesTheListsReportsOnWithTheSameIdentifier)
     EXPECT_EQ(std::make_pair(placed.left, placed.bottom), std::make_pair(20L, 90L));
 }
 
-// Wine shows a name that starts with a dot as hidden; Windows takes the
-// attribute.
-TEST_F(ListBox, AFileListShowsHiddenDirectoriesButNotPlainOnes)
-{
+// Wine shows a name that starts with a dot as hidden; Windows takes the attribute.
+TEST_F(ListBox, AFileListShowsHiddenDirectoriesButNotPlainOnes) {
     char folder[MAX_PATH];
     GetTempPathA(MAX_PATH, folder);
     auto in = [root = std::string(folder) + "zklist"](const char* name) { return root + name; };
@@ -271,8 +248,7 @@ TEST_F(ListBox, AFileListShowsHiddenDirectoriesButNotPlainOnes)
         RemoveDirectoryA(in(directory).c_str());
 }
 
-TEST_F(ListBox, ASelectionSnapshotStaysUntilANewOneIsTaken)
-{
+TEST_F(ListBox, ASelectionSnapshotStaysUntilANewOneIsTaken) {
     LIST* list = Filled(LBF_MULTIPLESEL);
     list->Select(1, 1);
     list->Select(3, 1);

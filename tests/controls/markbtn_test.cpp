@@ -11,36 +11,25 @@ namespace {
 // The template of controls_tests.rc and its items.
 enum : unsigned short { MARKS_TEMPLATE = 510, ONE = 511, TWO, THREE, BOX, TOGGLE };
 
-// A mark is 15 pixels square; in a control 30 high it stands at (1, 8), and
-// the label starts 6 behind it.
+// A mark is 15 pixels square; in a control 30 high it stands at (1, 8), and the label starts 6 behind it.
 const int Mark = 15, MarkLeft = 1, MarkTop = 8, LabelLeft = 21;
 
-vMODULE& Program()
-{
-    static struct PROGRAM : vMODULE {
-        PROGRAM() : vMODULE(GetModuleHandleA(nullptr)) {}
-    } program;
-    return program;
-}
+// The test program as a module, which holds the template.
+struct PROGRAM : vMODULE {
+    PROGRAM() : vMODULE(GetModuleHandleA(nullptr)) {}
+} Program;
 
-class DIALOG : public vDIALOG {
-public:
+struct DIALOG : vDIALOG {
     DIALOG(const vWIN& parent, const vCONTROLMAP* map, void* data)
-        : vDIALOG(parent, vRESID(MARKS_TEMPLATE, &Program()), map, data, vSTRING(), 0)
-    {
-        Init();
-    }
+        : vDIALOG(parent, vRESID(MARKS_TEMPLATE, &Program), map, data, vSTRING(), 0) { Init(); }
 };
 
 using MarkTest = ControlTest;
 
-// The map's factories adopt the template's items. Clicks select within the
-// group that SetGroup gave, and a radio button in no group checks nothing;
-// the check box flips between checked and clear, and any other state goes
-// to checked. Each row starts where the row above ended; clicks alternate
-// between two points so that none pairs into a double click.
-TEST_F(MarkTest, ClicksSelectWithinTheGroupAndFlipTheCheckBox)
-{
+// The map's factories adopt the template's items. Clicks select within the group that SetGroup gave, and a radio button
+// in no group checks nothing; the check box flips between checked and clear, and any other state goes to checked. Each
+// row starts where the row above ended; clicks alternate between two points so that none pairs into a double click.
+TEST_F(MarkTest, ClicksSelectWithinTheGroupAndFlipTheCheckBox) {
     static const vCONTROLMAP map[] = {
         {vRADIOBTN::New, ONE, 0, 0, 0}, {vRADIOBTN::New, TWO, 0, 0, 0},   {vRADIOBTN::New, THREE, 0, 0, 0},
         {vCHECKBOX::New, BOX, 0, 0, 0}, {vTOGGLEBTN::New, TOGGLE, 0, 0, 1}, {nullptr, 0, 0, 0, 0}};
@@ -58,12 +47,7 @@ TEST_F(MarkTest, ClicksSelectWithinTheGroupAndFlipTheCheckBox)
     EXPECT_EQ(dynamic_cast<vTOGGLEBTN*>(item(TOGGLE))->Selected(), 1) << "the data block's byte";
     EXPECT_EQ(one->SetGroup(*one, *two), 1);
     auto click = [&](unsigned short id, int x) {
-        return [=] {
-            MouseTo(GetDlgItem(window, id), x, 8);
-            Mouse(MOUSEEVENTF_LEFTDOWN);
-            Mouse(MOUSEEVENTF_LEFTUP);
-            PumpFor(60);
-        };
+        return [=] { Hold(GetDlgItem(window, id), x, 8, 0); };
     };
     auto crossed = [&] {
         EXPECT_EQ(three->SetGroup(*three, *one), 0);
@@ -92,12 +76,10 @@ TEST_F(MarkTest, ClicksSelectWithinTheGroupAndFlipTheCheckBox)
     DestroyWindow(window);
 }
 
-// The mark of each state is its cell of the sheet, the radio marks with
-// their red left out; disabled shows the disabled mark whatever the state.
-// The label stands to the right of the mark, on the face colour. After a
-// first of each kind, a control's life leaves no GDI object.
-TEST_F(MarkTest, EachStateShowsItsCellOfTheSheetAndTheLabelBehindIt)
-{
+// The mark of each state is its cell of the sheet, the radio marks with their red left out; disabled shows the disabled
+// mark whatever the state. The label stands to the right of the mark, on the face colour. After a first of each kind, a
+// control's life leaves no GDI object.
+TEST_F(MarkTest, EachStateShowsItsCellOfTheSheetAndTheLabelBehindIt) {
     // The check state is set by BM_SETCHECK, 5 by Confuse.
     const struct { const char* name; bool radio; int check; bool disable; vRECT cell; } rows[] = {
         {"checkbox-clear", false, 0, false, vRECT(17, 1, 32, 16)},

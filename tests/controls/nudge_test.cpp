@@ -11,30 +11,16 @@ struct NUDGE : vNUDGE {
 };
 
 // A nudge with its keys, shown in a plain window, whose logical units are its pixels.
-NUDGE* Made(vWIN& in)
-{
+NUDGE* Made(vWIN& in) {
     NUDGE* made = new NUDGE(in, vCTRLID(5), vRECT(200, 10, 260, 90));
     for (HWND shown : {(*made)(), GetDlgItem(in(), 100), GetDlgItem(in(), 101)})
         ShowPainted(shown);
     return made;
 }
 
-void Press(HWND key, DWORD ms)
-{
-    MouseTo(key, 8, 8);
-    PumpFor(30);
-    Mouse(MOUSEEVENTF_LEFTDOWN);
-    PumpFor(30);
-    MouseTo(key, 9, 8);
-    PumpFor(ms);
-    Mouse(MOUSEEVENTF_LEFTUP);
-    PumpFor(60);
-}
-
 class NudgeTest : public ControlTest {
 protected:
-    void SetUp() override
-    {
+    void SetUp() override {
         ControlTest::SetUp();
         nudge = Made(*parent);
         up = GetDlgItem((*parent)(), 100);
@@ -44,10 +30,9 @@ protected:
     HWND up = nullptr, down = nullptr;
 };
 
-// Each key is half the field high, right of the field in the parent's units; its face is the marks sheet's
-// black arrow cell, the light-grey triangle see-through.
-TEST_F(NudgeTest, KeysStandBesideTheFieldWithArrowFaces)
-{
+// Each key is half the field high, right of the field in the parent's units; its face is the marks sheet's black arrow
+// cell, the light-grey triangle see-through.
+TEST_F(NudgeTest, KeysStandBesideTheFieldWithArrowFaces) {
     const long top = 10, bottom = 90, right = 260, half = (bottom - top) / 2;
     EXPECT_EQ(wintest::Placed(up), wintest::Text(vRECT(right + 3, top - 1, half + right + 3, top + half - 1)));
     EXPECT_EQ(wintest::Placed(down), wintest::Text(vRECT(right + 3, bottom - half + 1, half + right + 3, bottom + 1)));
@@ -70,10 +55,9 @@ TEST_F(NudgeTest, KeysStandBesideTheFieldWithArrowFaces)
     }
 }
 
-// A fresh nudge's 1 can neither rise past its highest 1 nor fall below its lowest 1. A range resets the value
-// but not the text; a step may land exactly on either end, 0 shows as an empty field, and a held key repeats.
-TEST_F(NudgeTest, ClickedOrHeldKeysStepTheValueWithinTheRange)
-{
+// A fresh nudge's 1 can neither rise past its highest 1 nor fall below its lowest 1. A range resets the value but not
+// the text; a step may land exactly on either end, 0 shows as an empty field, and a held key repeats.
+TEST_F(NudgeTest, ClickedOrHeldKeysStepTheValueWithinTheRange) {
     const struct { double highest; HWND key; int clicks; double value; const char* shown; } rows[] = {
         {0, up, 1, 1, "1"},  {0, down, 1, 1, "1"}, {10, up, 0, 0, "1"},   {0, up, 1, 2.5, "2.5"},
         {0, up, 4, 10, "10"}, {0, down, 4, 0, ""}, {100, up, 0, 0, ""}};
@@ -83,18 +67,17 @@ TEST_F(NudgeTest, ClickedOrHeldKeysStepTheValueWithinTheRange)
             nudge->Increment(2.5);
         }
         for (int click = 0; click < row.clicks; ++click)
-            Press(row.key, 0);
+            Hold(row.key, 8, 8, 0);
         EXPECT_EQ(nudge->Shown(), std::to_string(row.value) + row.shown) << row.clicks;
     }
-    Press(up, 900);
+    Hold(up, 8, 8, 900);
     EXPECT_EQ(nudge->GetLine()(), std::string(vSTRING(vREAL(nudge->value))()));
     EXPECT_GE(nudge->value, 3 * 2.5);
 }
 
-// Typed text is the value. Leaving brings a value out of range, crossed ranges too, to the nearer end, shown
-// with the caret at its end; no number reads as 0. A character that no number has brings the value's text back.
-TEST_F(NudgeTest, TypedTextIsTheValueAndLeavingClampsIt)
-{
+// Typed text is the value. Leaving brings a value out of range, crossed ranges too, to the nearer end, shown with the
+// caret at its end; no number reads as 0. A character that no number has brings the value's text back.
+TEST_F(NudgeTest, TypedTextIsTheValueAndLeavingClampsIt) {
     nudge->Range(0, 10);
     SetFocus((*nudge)());
     nudge->Select(0, nudge->Length());
@@ -117,10 +100,9 @@ TEST_F(NudgeTest, TypedTextIsTheValueAndLeavingClampsIt)
     }
 }
 
-// A second life of a nudge with its keys and of an edit box, made, stepped, held, resized and gone, leaves no
-// GDI object behind.
-TEST_F(NudgeTest, TheControlsLivesLeaveNoGdiObjectBehind)
-{
+// A second life of a nudge with its keys and of an edit box, made, stepped, held, resized and gone, leaves no GDI
+// object behind.
+TEST_F(NudgeTest, TheControlsLivesLeaveNoGdiObjectBehind) {
     unsigned long before = 0;
     for (int life = 0; life < 2; ++life) {
         before = zktest::LiveGdiObjects();
@@ -128,7 +110,7 @@ TEST_F(NudgeTest, TheControlsLivesLeaveNoGdiObjectBehind)
         NUDGE* another = Made(*other);
         ShowPainted((*new vEDITBOX(*other, vCTRLID(6), vSTRING("a\r\nb"), vINT(2), vRECT(0, 100, 100, 150)))());
         another->Range(0, 9);
-        Press(GetDlgItem((*other)(), 101), 300);
+        Hold(GetDlgItem((*other)(), 101), 8, 8, 300);
         another->Size(vRECT(200, 10, 260, 50));
         DestroyWindow((*other)());
         wintest::Pump();

@@ -8,33 +8,22 @@ namespace {
 class PROBE : public vREPEATKEY {
 public:
     using vREPEATKEY::vREPEATKEY;
-    int vTimer(const vRESID& id) override
-    {
+    int vTimer(const vRESID& id) override {
         Note("key.vTimer");
         return vREPEATKEY::vTimer(id);
     }
 };
 
-// Held down, a key made as a bit button commands its parent again and
-// again: the first message after the press arms the timer, every tick sends
-// a command with the handle's low word and arms it again. The platform's own
-// click on release comes last, with the whole handle.
-TEST_F(ControlTest, HeldDownARepeatKeyCommandsTheParentAgainAndAgain)
-{
+// Held down, a key made as a bit button commands its parent again and again: the first message after the press arms the
+// timer, every tick sends a command with the handle's low word and arms it again. The platform's own click on release
+// comes last, with the whole handle.
+TEST_F(ControlTest, HeldDownARepeatKeyCommandsTheParentAgainAndAgain) {
     vBITMAP face(Face(Plain));
     PROBE* key = new PROBE(*parent, vCTRLID(7), face, vRECT(20, 20, 70, 60));
     HWND window = (*key)();
     ShowPainted(window);
-    MouseTo(window, 25, 20);
-    PumpFor(50);
-    Log().clear();
-    Mouse(MOUSEEVENTF_LEFTDOWN);
-    PumpFor(20);
-    MouseTo(window, 26, 20);
-    PumpFor(700);
-    size_t held = parent->senders.size();
-    Mouse(MOUSEEVENTF_LEFTUP);
-    PumpFor(50);
+    Hold(window, 25, 20, 700);
+    size_t held = parent->senders.size() - 1;
     ASSERT_GE(held, 2u);
     std::vector<LPARAM> sent(held, LOWORD(window));
     sent.push_back(reinterpret_cast<LPARAM>(window));

@@ -14,22 +14,19 @@ public:
     using vVERTSCRLBAR::vVERTSCRLBAR, vSCROLLBAR::attached, vSCROLLBAR::thumbSize;
 };
 
-// A real press on one part of a bar (0 first arrow, 1 page before the thumb, 2 thumb, 3 page after, 4 last
-// arrow) and a release on another, queued before the bar's own tracking loop takes them.
-void Drag(HWND window, LONG object, int from, int to)
-{
+// A real press on one part of a bar (0 first arrow, 1 page before the thumb, 2 thumb, 3 page after, 4 last arrow) and a
+// release on another, queued before the bar's own tracking loop takes them.
+void Drag(HWND window, LONG object, int from, int to) {
     SCROLLBARINFO info = {sizeof info, {}, 0, 0, 0, 0, {}};
     GetScrollBarInfo(window, object, &info);
     const RECT& r = info.rcScrollBar;
     bool vertical = r.bottom - r.top > r.right - r.left;
     long length = vertical ? r.bottom - r.top : r.right - r.left, arrow = info.dxyLineButton;
-    long top = info.xyThumbTop, bottom = info.xyThumbBottom;
-    long along[] = {arrow / 2, (arrow + top) / 2, (top + bottom) / 2, (bottom + length - arrow) / 2, length - arrow / 2};
+    long top = info.xyThumbTop, bottom = info.xyThumbBottom, end = length - arrow / 2;
+    long along[] = {arrow / 2, (arrow + top) / 2, (top + bottom) / 2, (bottom + length - arrow) / 2, end};
+    POINT middle = {(r.left + r.right) / 2, (r.top + r.bottom) / 2};
     auto moveTo = [&](int part) {
-        if (vertical)
-            SetCursorPos((r.left + r.right) / 2, r.top + along[part]);
-        else
-            SetCursorPos(r.left + along[part], (r.top + r.bottom) / 2);
+        SetCursorPos(vertical ? middle.x : r.left + along[part], vertical ? r.top + along[part] : middle.y);
         Mouse(MOUSEEVENTF_MOVE);
     };
     moveTo(from);
@@ -41,11 +38,9 @@ void Drag(HWND window, LONG object, int from, int to)
     PumpFor(150);
 }
 
-// Every part clicked for real on a range of 0 to 3, thumb at 1. Attached windows hear all as horizontal with
-// the thumb position for the code; a window's own bars keep their codes, left and right crossed, and their
-// thumb reaches nobody.
-TEST_F(ControlTest, EveryPartOfABarReachesTheHandlersItsRulesName)
-{
+// Every part clicked for real on a range of 0 to 3, thumb at 1. Attached windows hear all as horizontal with the thumb
+// position for the code; a window's own bars keep their codes, left and right crossed, and their thumb reaches nobody.
+TEST_F(ControlTest, EveryPartOfABarReachesTheHandlersItsRulesName) {
     const Lines rows[5][3] = {
         // attached, own horizontal, own vertical
         {{"IncRight", "IncRight"}, {"IncRight"}, {"IncUp"}},
@@ -72,15 +67,15 @@ TEST_F(ControlTest, EveryPartOfABarReachesTheHandlersItsRulesName)
         SetScrollPos((*own)(), side, 1, TRUE);
     }
     ShowWindow((*own)(), SW_SHOW);
-    const std::pair<HWND, LONG> targets[] = {
-        {(*bars[0])(), OBJID_CLIENT}, {(*bars[1])(), OBJID_CLIENT}, {(*own)(), OBJID_HSCROLL}, {(*own)(), OBJID_VSCROLL}};
+    const std::pair<HWND, LONG> targets[] = {{(*bars[0])(), OBJID_CLIENT}, {(*bars[1])(), OBJID_CLIENT},
+                                             {(*own)(), OBJID_HSCROLL},    {(*own)(), OBJID_VSCROLL}};
     for (int at = 0; at < 4; ++at)
         for (int part = 0; part < 5; ++part) {
             Drag(targets[at].first, targets[at].second, part, part == 2 ? 4 : part);
             Lines expected;
             for (const std::string& call : rows[part][std::max(0, at - 1)])
-                for (const char* name : at < 2 ? std::vector<const char*>{"a.", "b."} : std::vector<const char*>{"own."})
-                    expected.push_back(name + ("vScroll" + call) + "()");
+                for (std::string name : at < 2 ? Lines{"a.", "b."} : Lines{"own."})
+                    expected.push_back(name + "vScroll" + call + "()");
             EXPECT_EQ(Only(".vScroll"), expected) << "part " << part << " of bar " << at;
             EXPECT_EQ(bars[at % 2]->ThumbPos()(), 1) << "the bar leaves its thumb to the program";
         }
@@ -90,12 +85,10 @@ TEST_F(ControlTest, EveryPartOfABarReachesTheHandlersItsRulesName)
     }
 }
 
-// A zero left (vertical) or top (horizontal) takes the standard thickness at the far edge; the thumb size's
-// product keeps its low 16 bits; positions outside the range and crossed ends are the platform's to settle.
-// Of three places, filled in order, a window may take two, a fourth is left out; the bar's end tells only the
-// first window it finds.
-TEST_F(ControlTest, ABarsPlaceNumbersAndWindowsFollowTheirRules)
-{
+// A zero left (vertical) or top (horizontal) takes the standard thickness at the far edge; the thumb size's product
+// keeps its low 16 bits; positions outside the range and crossed ends are the platform's to settle. Of three places,
+// filled in order, a window may take two, a fourth is left out; the bar's end tells only the first window it finds.
+TEST_F(ControlTest, ABarsPlaceNumbersAndWindowsFollowTheirRules) {
     int wide = GetSystemMetrics(SM_CXVSCROLL), high = GetSystemMetrics(SM_CXHSCROLL);
     const struct { bool vertical; vRECT given, placed; } places[] = {
         {true, vRECT(0, 10, 100, 60), vRECT(100 - wide, 10, 100, 60)},
@@ -157,8 +150,9 @@ TEST_F(ControlTest, ABarsPlaceNumbersAndWindowsFollowTheirRules)
     EXPECT_EQ(views[3]->pHorzScroll, across);
     DestroyWindow((*bar)());
     DestroyWindow((*across)());
-    EXPECT_EQ(std::vector<vSCROLLBAR*>({views[2]->pVertScroll, views[1]->pVertScroll, views[3]->pHorzScroll}),
-              std::vector<vSCROLLBAR*>({nullptr, bar, nullptr})) << "the second is left dangling, as it always was";
+    EXPECT_EQ(views[2]->pVertScroll, nullptr);
+    EXPECT_EQ(views[1]->pVertScroll, bar) << "the second is left dangling, as it always was";
+    EXPECT_EQ(views[3]->pHorzScroll, nullptr);
 }
 
 }  // namespace

@@ -6,13 +6,11 @@ namespace {
 
 // A shown parent that may hand out a font, and may stand for a template.
 struct HOST : PARENT {
-    HOST(const vWIN& parent, HFONT font, unsigned short form = 0) : PARENT(parent, vRECT(0, 0, 300, 200)), font(font)
-    {
+    HOST(const vWIN& parent, HFONT font, unsigned short form = 0) : PARENT(parent, vRECT(0, 0, 300, 200)), font(font) {
         resTemplate = vRESID(form, vSYSTEM::Pointer());
         ShowWindow(hWnd, SW_SHOW);
     }
-    int MsgHandler(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result) override
-    {
+    int MsgHandler(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result) override {
         if (message != WM_GETFONT || !font)
             return PARENT::MsgHandler(message, wParam, lParam, result);
         result = reinterpret_cast<LRESULT>(font);
@@ -21,20 +19,17 @@ struct HOST : PARENT {
     HFONT font;
 };
 
-// Lets a window die and counts the GDI objects left once the platform's caches are warm: the first count is
-// taken after the first life.
-void Gone(HWND window, unsigned long& gdi)
-{
+// Lets a window die and counts the GDI objects left once the platform's caches are warm: the first count is taken after
+// the first life.
+void Gone(HWND window, unsigned long& gdi) {
     DestroyWindow(window);
     PumpFor(20);
     gdi = gdi ? gdi : zktest::LiveGdiObjects();
 }
 
-// Hidden at first, even adopted from a shown item; a zero rectangle takes the text's width in the parent's
-// font for both sides, and keeps its zero size without a font; the height is the width. The colour waits for
-// the next drawing.
-TEST_F(ControlTest, TextSizesByTheParentsFontAndColoursAtTheNextDrawing)
-{
+// Hidden at first, even adopted from a shown item; a zero rectangle takes the text's width in the parent's font for
+// both sides, and keeps its zero size without a font; the height is the width. The colour waits for the next drawing.
+TEST_F(ControlTest, TextSizesByTheParentsFontAndColoursAtTheNextDrawing) {
     HFONT font = CreateFontA(-24, 0, 0, 0, FW_BOLD, 0, 0, 0, 0, 0, 0, NONANTIALIASED_QUALITY, 0, "Arial");
     HDC dc = GetDC(nullptr);
     SIZE extent;
@@ -51,7 +46,8 @@ TEST_F(ControlTest, TextSizesByTheParentsFontAndColoursAtTheNextDrawing)
             vRECT rect = adopt ? vRECT(-1, -1, -1, -1) : vRECT(0, 0, 0, 0);
             vTEXT* text = new vTEXT(*host, vCTRLID(5), rect, vSTRING("Wide text"));
             long side = given ? extent.cx : 0;
-            EXPECT_EQ(wintest::Placed((*text)()), wintest::Text(adopt ? vRECT(5, 5, 200, 50) : vRECT(0, 0, side, side)));
+            vRECT placed = adopt ? vRECT(5, 5, 200, 50) : vRECT(0, 0, side, side);
+            EXPECT_EQ(wintest::Placed((*text)()), wintest::Text(placed));
             EXPECT_FALSE(IsWindowVisible((*text)()));
             EXPECT_EQ(text->GetTextHeight()(), text->GetTextWidth()());
             EXPECT_EQ(text->GetTextWidth()() == extent.cx, given != nullptr);
@@ -70,12 +66,10 @@ TEST_F(ControlTest, TextSizesByTheParentsFontAndColoursAtTheNextDrawing)
     DeleteObject(font);
 }
 
-// The icon goes on the parent's surface at the control's place; a number that names no icon draws nothing. A
-// group box has an outer raised and an inner sunk frame on the face colour, and a title between them pushes
-// the inner top down; adopted from a template item (made first, so on top), it is disabled and goes to the
-// bottom.
-TEST_F(ControlTest, IconAndGroupBoxDrawWhereTheyShould)
-{
+// The icon goes on the parent's surface at the control's place; a number that names no icon draws nothing. A group box
+// has an outer raised and an inner sunk frame on the face colour, and a title between them pushes the inner top down;
+// adopted from a template item (made first, so on top), it is disabled and goes to the bottom.
+TEST_F(ControlTest, IconAndGroupBoxDrawWhereTheyShould) {
     for (int number : {32512, 31999}) {
         ShowPainted((*parent)());
         vRESID icon(number, static_cast<const vMODULE*>(nullptr));

@@ -14,15 +14,11 @@ public:
     std::vector<long> State() const { return {recessed, tracking, pressed, toggled, ::GetCapture() == hWnd}; }
 };
 
-// One toggle through the mouse's inputs; each row starts where the row above
-// ended. Presses alternate between two points, so that only the last press
-// pairs with the one before it into a double click. Once the button is let
-// go it shows the lasting state, pressed in or out. The platform's button
-// never sees a click, so the parent hears no command; a dialog without a
-// data block changes nothing; and, after a first one, the toggle's life
-// leaves no GDI object.
-TEST_F(ControlTest, TheMouseFlipsAToggleOnlyByAReleaseStrictlyInside)
-{
+// One toggle through the mouse's inputs; each row starts where the row above ended. Presses alternate between two
+// points, so that only the last press pairs with the one before it into a double click. Once the button is let go it
+// shows the lasting state, pressed in or out. The platform's button never sees a click, so the parent hears no command;
+// a dialog without a data block changes nothing; and, after a first one, the toggle's life leaves no GDI object.
+TEST_F(ControlTest, TheMouseFlipsAToggleOnlyByAReleaseStrictlyInside) {
     enum INPUTKIND { MOVE, DOWN, UP };
     const POINT left = {30, 15}, right = {70, 15}, edge = {0, 15}, away = {150, 15};
     const struct { const char* what; INPUTKIND input; POINT at; std::vector<long> state; } rows[] = {
