@@ -39,6 +39,11 @@ Lines Selected(LIST& list) {
     return items;
 }
 
+// What a change of selection reports when the platform's notification reaches the parent first.
+Lines Changed(int index) {
+    return {"parent.WM_COMMAND(40,1)", "list.vSelectionChange(" + std::to_string(index) + ")", "parent.vCommand(40)"};
+}
+
 class ListBox : public ControlTest {
 protected:
     LIST* Filled(unsigned short form, std::vector<const char*> items = {"alpha", "beta", "gamma", "delta"}) {
@@ -116,8 +121,8 @@ TEST_F(ListBox, ItemsAreFoundWholeOrByPrefixAndBadIndexesAnswerNothing) {
               std::vector<short>({-1, 1, 0})) << "compare answers by sign";
 }
 
-// Each state drawn: item 0 plain, item 1 selected, item 2 selected with the focus frame on it. An empty list is not
-// painted at all.
+// Each state drawn: item 0 plain, item 1 selected, item 2 selected with the focus frame on it; then its selection
+// snapshot taken. An empty list is not painted at all.
 TEST_F(ListBox, ItemsAreDrawnPlainSelectedAndFocused) {
     LIST* list = Filled(LBF_MULTIPLESEL);
     HWND window = list->Handle();
@@ -143,6 +148,14 @@ TEST_F(ListBox, ItemsAreDrawnPlainSelectedAndFocused) {
     none.itemID = 0xFFFF;
     none.itemAction = ODA_DRAWENTIRE;
     EXPECT_EQ(list->ccPaint(&none), 0);
+    EXPECT_EQ(list->GetSel(), 1);
+    EXPECT_STREQ(list->SelectedItems(1)(), "gamma");
+    EXPECT_STREQ(list->SelectedItems(2)(), "");
+    list->MultiClearSelection();
+    EXPECT_EQ(list->GetSel(), 0);
+    EXPECT_EQ(list->selectionCount, 2) << "nothing selected keeps the old snapshot";
+    EXPECT_EQ(list->MultiSelectAll(), 1);
+    EXPECT_EQ(list->NoItemsSel(), vINT(4));
     list->RemoveAll();
     InvalidateRect(window, nullptr, TRUE);
     SendMessageA(window, WM_PAINT, 0, 0);
@@ -160,9 +173,9 @@ TEST_F(ListBox, ThePlatformSelectsAndTheListHearsFirst) {
         KeyTo(key, false);
     }
     Lines reports;
-    for (const char* index : {"2", "3", "1"})
-        reports.insert(reports.end(), {"parent.WM_COMMAND(40,1)", std::string("list.vSelectionChange(") + index + ")",
-                                       "parent.vCommand(40)"});
+    for (int index : {2, 3, 1})
+        for (const std::string& line : Changed(index))
+            reports.push_back(line);
     EXPECT_EQ(Taken(Reporters), reports);
     SendMessageA(list->Handle(), WM_LBUTTONDBLCLK, 0, MAKELPARAM(20, 110));
     SendMessageA(list->Handle(), WM_LBUTTONDBLCLK, 0, MAKELPARAM(20, 27));
@@ -172,26 +185,15 @@ TEST_F(ListBox, ThePlatformSelectsAndTheListHearsFirst) {
 // In a drag list the press on a selection keeps it for a drag; the release finishes it and clears the drag zone. Ctrl
 // takes a selected item out, Shift runs from the far end.
 TEST_F(ListBox, ADragListFinishesTheSelectionAtTheRelease) {
-    const Lines reports[] = {
-        {"parent.WM_COMMAND(40,1)", "list.vSelectionChange(1)", "parent.vCommand(40)"},
-        {"parent.WM_COMMAND(40,1)", "list.vSelectionChange(2)", "parent.vCommand(40)"},
-        {},
-    };
     const unsigned short multiple = LBF_DRAG | LBF_MULTIPLESEL;
-    const struct {
-        unsigned short form;
-        Lines before;
-        int item;
-        std::vector<WORD> held;
-        Lines after;
-        const Lines& reports;
-    } rows[] = {
-        {LBF_DRAG, {}, 1, {}, {"beta"}, reports[0]},
+    const struct { unsigned short form; Lines before; int item; std::vector<WORD> held; Lines after, reports; }
+    rows[] = {
+        {LBF_DRAG, {}, 1, {}, {"beta"}, Changed(1)},
         // A multiple list answers the platform's own idea of its current item.
-        {multiple, {"alpha", "beta", "gamma"}, 1, {}, {"beta"}, reports[0]},
-        {multiple, {"alpha", "beta", "gamma"}, 1, {VK_CONTROL}, {"alpha", "gamma"}, reports[1]},
+        {multiple, {"alpha", "beta", "gamma"}, 1, {}, {"beta"}, Changed(1)},
+        {multiple, {"alpha", "beta", "gamma"}, 1, {VK_CONTROL}, {"alpha", "gamma"}, Changed(2)},
         // Without a fake parent the shift-click's report goes nowhere.
-        {multiple, {"beta"}, 3, {VK_SHIFT}, {"beta", "gamma", "delta"}, reports[2]},
+        {multiple, {"beta"}, 3, {VK_SHIFT}, {"beta", "gamma", "delta"}, {}},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.item);
@@ -214,8 +216,7 @@ TEST_F(ListBox, AFakeParentPassesTheListsReportsOnWithTheSameIdentifier) {
     LIST* list = Filled(LBF_FAKEPARENT);
     ASSERT_NE(list->fakeParent, nullptr);
     HWND fake = GetParent(list->Handle());
-    EXPECT_NE(fake, (*parent)());
-    EXPECT_EQ(GetParent(fake), (*parent)());
+    EXPECT_TRUE(fake != (*parent)() && GetParent(fake) == (*parent)());
     EXPECT_TRUE(GetWindowLongA(list->Handle(), GWL_EXSTYLE) & WS_EX_ACCEPTFILES);
     EXPECT_EQ(list->Parent(), parent);
     ClickItem(*list, 1);
@@ -248,23 +249,94 @@ TEST_F(ListBox, AFileListShowsHiddenDirectoriesButNotPlainOnes) {
         RemoveDirectoryA(in(directory).c_str());
 }
 
+// A selection snapshot stays until a new one is taken; a single selection cannot be taken away item by item.
 TEST_F(ListBox, ASelectionSnapshotStaysUntilANewOneIsTaken) {
-    LIST* list = Filled(LBF_MULTIPLESEL);
-    list->Select(1, 1);
-    list->Select(3, 1);
-    EXPECT_EQ(list->GetSel(), 1);
-    EXPECT_STREQ(list->SelectedItems(1)(), "delta");
-    EXPECT_STREQ(list->SelectedItems(2)(), "");
-    list->MultiClearSelection();
-    EXPECT_EQ(list->GetSel(), 0);
-    EXPECT_EQ(list->selectionCount, 2) << "nothing selected keeps the old snapshot";
-    EXPECT_EQ(list->MultiSelectAll(), 1);
-    EXPECT_EQ(list->NoItemsSel(), vINT(4));
     LIST* single = Filled(0);
     EXPECT_EQ(single->MultiSelectAll(), 0);
     EXPECT_EQ(single->Select(2, 1), 1);
     EXPECT_EQ(single->Select(2, 0), 0);
-    EXPECT_EQ(single->NoItemsSel(), vINT(1)) << "a single selection cannot be taken away item by item";
+    EXPECT_EQ(single->NoItemsSel(), vINT(1));
+}
+
+class DROP : public vDROPLISTBOX {
+public:
+    DROP(const vWIN& parent, unsigned short rows, unsigned short form)
+        : vDROPLISTBOX(parent, vCTRLID(41), rows, form, vSIZE(0, 16), vRECT(10, 10, 160, 34)) {}
+
+    void vSelectionChange(unsigned short at) override { Note("drop.vSelectionChange(" + std::to_string(at) + ")"); }
+    bool Dropped() { return SendMessageA(hWnd, CB_GETDROPPEDSTATE, 0, 0); }
+    using vLISTBOX::selection, vLISTBOX::selectionCount;
+    HWND Handle() const { return hWnd; }
+};
+
+using ComboBox = ControlTest;
+
+// A drop list is an owner-drawn drop-down list of strings (the scroll bar asked for belongs to the dropped list). Its
+// rows lengthen the window from where it ends now; the platform keeps a combo box's window at the height of its field,
+// so a second call starts from the field again. Its snapshot always holds one entry, the current item or -1.
+TEST_F(ComboBox, ADropListIsAnOwnerDrawnDropDownListWithOneSelection) {
+    DROP* drop = new DROP(*parent, 4, CBF_SORTED);
+    const DWORD made = CBS_HASSTRINGS | CBS_OWNERDRAWFIXED | CBS_DROPDOWNLIST | CBS_SORT;
+    EXPECT_EQ(GetWindowLongA(drop->Handle(), GWL_STYLE) & made, made);
+    EXPECT_EQ(SendMessageA(drop->Handle(), CB_GETITEMHEIGHT, 0, 0), 16);
+    for (const char* item : {"pear", "apple", "fig"})
+        drop->Append(vSTRING("%s", item), nullptr);
+    EXPECT_STREQ((*drop)[0](), "apple");
+    EXPECT_EQ(drop->Index(vSTRING("fi")), -1);
+    EXPECT_EQ(drop->Search(vSTRING("fi")), 1);
+    EXPECT_EQ(drop->GetSel(), 0);
+    EXPECT_EQ(drop->selectionCount, 1);
+    EXPECT_EQ(drop->selection[0], -1);
+    EXPECT_EQ(drop->Select(vSTRING("zzz")), CB_ERR);
+    EXPECT_EQ(drop->Select(vSTRING("fi")), 1);
+    EXPECT_EQ(drop->GetSel(), 1);
+    EXPECT_STREQ(drop->SelectedItems(0)(), "fig");
+    EXPECT_STREQ(drop->SelectedItems(1)(), "");
+    EXPECT_EQ(drop->GetData(9), nullptr);
+    for (int call = 0; call < 2; ++call) {
+        drop->NoDropRows(5);
+        RECT dropped;
+        SendMessageA(drop->Handle(), CB_GETDROPPEDCONTROLRECT, 0, reinterpret_cast<LPARAM>(&dropped));
+        EXPECT_EQ(dropped.bottom - dropped.top, 5 * 16 + 1) << call;
+    }
+}
+
+// Opened and closed by real clicks; the choice reaches the list's hook with the index 0, since the list's number is
+// asked of a combo box, then the parent's vCommand.
+TEST_F(ComboBox, AClickDropsTheListAndAChoiceClosesIt) {
+    DROP* drop = new DROP(*parent, 4, 0);
+    for (const char* item : {"red", "green", "blue"})
+        drop->Append(vSTRING("%s", item), nullptr);
+    drop->Show();
+    PumpFor(100);
+    POINT field = {60, 8};
+    ClientToScreen(drop->Handle(), &field);
+    Click(field);
+    EXPECT_TRUE(drop->Dropped());
+    RECT box;
+    GetWindowRect(drop->Handle(), &box);
+    Log().clear();
+    Click(POINT{box.left + 50, box.bottom + 1 + 16 * 2 + 8});
+    EXPECT_FALSE(drop->Dropped());
+    EXPECT_EQ(SendMessageA(drop->Handle(), CB_GETCURSEL, 0, 0), 2);
+    EXPECT_EQ(Taken({"parent.WM_COMMAND(41,9)", "drop.", "parent.vCommand("}),
+              (Lines{"parent.WM_COMMAND(41,9)", "drop.vSelectionChange(0)", "parent.vCommand(41)"}));
+    drop->DropDown();
+    EXPECT_TRUE(drop->Dropped());
+    drop->CloseUp();
+    EXPECT_FALSE(drop->Dropped());
+}
+
+TEST_F(ComboBox, TheEditableFormsMakeTheirWindowButKeepNoItems) {
+    vCOMBOBOX* simple = new vCOMBOBOX(*parent, vCTRLID(42), CBF_SORTED, vSIZE(0, 0), vRECT(10, 40, 160, 120));
+    const LONG open = CBS_SIMPLE | CBS_SORT;
+    EXPECT_EQ(GetWindowLongA((*simple)(), GWL_STYLE) & open, open);
+    simple->Append(vSTRING("ignored"));
+    EXPECT_EQ(simple->NoItems(), vINT(0));
+    EXPECT_EQ(simple->Search(vSTRING("ignored")), -1);
+    vDROPCOMBOBOX* drop = new vDROPCOMBOBOX(*parent, vCTRLID(43), 5, 0, vSIZE(0, 0), vRECT(10, 130, 160, 150));
+    EXPECT_EQ(GetWindowLongA((*drop)(), GWL_STYLE) & CBS_DROPDOWNLIST, static_cast<LONG>(CBS_DROPDOWN));
+    EXPECT_EQ(drop->vDropDown(), 0);
 }
 
 }  // namespace

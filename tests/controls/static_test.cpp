@@ -76,12 +76,10 @@ TEST_F(ControlTest, IconAndGroupBoxDrawWhereTheyShould) {
         (new vICON(*parent, vCTRLID(6), icon, vRECT(20, 30, 20, 30)))->UpdateView(vCTRLID(0));
         zktest::Pixels after = Shot((*parent)());
         std::vector<long> ink = after.Ink(zktest::White);
-        if (number == 31999) {
-            EXPECT_EQ(ink[2], 0);
-            continue;
-        }
-        EXPECT_TRUE(ink[0] >= 20 && ink[1] >= 30 && ink[2] <= 52 && ink[3] <= 62 && ink[2] > ink[0]);
-        after.Save("icon");
+        bool within = ink[0] >= 20 && ink[1] >= 30 && ink[2] <= 52 && ink[3] <= 62 && ink[2] > ink[0];
+        EXPECT_TRUE(number == 32512 ? within : ink[2] == 0) << number;
+        if (number == 32512)
+            after.Save("icon");
     }
     COLORREF light = GetSysColor(COLOR_BTNHIGHLIGHT), dark = GetSysColor(COLOR_BTNSHADOW);
     COLORREF face = GetSysColor(COLOR_3DFACE);
