@@ -64,7 +64,7 @@ TEST_F(ControlTest, MadeInAPlainWindowCreatesItsOwnWindow) {
 // The parent hands owner-drawn items to the control of the identifier and leaves the others to the default processing;
 // while a control is being made the window under construction answers the measure, narrowed to 16 signed bits. The
 // platform's own owner-drawn button asks its parent to draw.
-TEST_F(ControlTest, OwnerDrawingMessagesReachTheControl) {
+TEST_F(ControlTest, OwnerDrawingMessagesAndTheEnterKeyReachTheirHandlers) {
     static char apple[] = "apple", pear[] = "pear";
     const struct { UINT message; unsigned short controlId; Lines calls; LRESULT result; bool creating; } rows[] = {
         {WM_DRAWITEM, 7, {"probe7.ccPaint(7)"}, 5, false},
@@ -105,15 +105,11 @@ TEST_F(ControlTest, OwnerDrawingMessagesReachTheControl) {
     UpdateWindow(owned->Handle());
     wintest::Pump();
     EXPECT_EQ(Only("ccPaint"), Lines{"probe9.ccPaint(9)"});
-}
-
-// Only key code 43 goes to the parent's Enter handler, whose answer is the control's.
-TEST_F(ControlTest, OnlyKeyCode43GoesToTheParentsEnterHandler) {
-    PROBE* probe = new PROBE(*parent, 7, vRECT(10, 10, 70, 35), "A");
+    // Only key code 43 goes to the parent's Enter handler, whose answer is the control's.
     parent->Answer("vEnterKey", 6);
-    const struct { vKEYCODE key; int answer; Lines calls; } rows[] = {
+    const struct { vKEYCODE key; int answer; Lines calls; } keys[] = {
         {13, 0, {}}, {9, 0, {}}, {43, 6, {"parent.vEnterKey()"}}};
-    for (const auto& row : rows) {
+    for (const auto& row : keys) {
         Log().clear();
         EXPECT_EQ(probe->vProcessKeyboard(row.key), row.answer) << row.key;
         EXPECT_EQ(Log(), row.calls) << row.key;

@@ -115,10 +115,7 @@ inline void ShowPainted(HWND window) {
 }
 
 // The states a button is drawn in, and a shown button put in one of them.
-struct STATE {
-    const char* name;
-    bool focus, press, disable;
-};
+struct STATE { const char* name; bool focus, press, disable; };
 const STATE States[] = {{"normal", 0, 0, 0},   {"pressed", 0, 1, 0},         {"focused", 1, 0, 0},
                         {"disabled", 0, 0, 1}, {"focused-pressed", 1, 1, 0}, {"pressed-disabled", 0, 1, 1}};
 inline zktest::Pixels ShotIn(HWND button, const STATE& state) {
