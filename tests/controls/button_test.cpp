@@ -1,59 +1,59 @@
 #include <functional>
 
-#include "controls/buttontest.h"
+#include "controls/controltest.h"
 
-using namespace buttontest;
+using namespace controltest;
 
 namespace {
 
-// A button that notes each state change and each drawing, and that lets the
-// test give it the extra faces an application may give.
+// The buttons: push buttons with a text or a face, bit buttons, repeat keys and toggles.
+
+// A button that notes each state change and each drawing, and that lets the test give it the extra faces an application
+// may give.
 class PROBE : public vBUTTON {
 public:
     using vBUTTON::vBUTTON;
-    using vBUTTON::bitmap;
-    using vBUTTON::labelBottom;
-    using vBUTTON::labelLeft;
-    using vBUTTON::labelRight;
-    using vBUTTON::labelTop;
 
-    void ExtraFaces()
-    {
+    std::vector<long> Label() const { return {labelLeft, labelTop, labelRight, labelBottom}; }
+    void ExtraFaces() {
         pressedBitmap = new vBITMAP(Face(Pressed));
         focusBitmap = new vBITMAP(Face(Focused));
         disabledBitmap = new vBITMAP(Face(Disabled));
     }
-
-    int vDraw(const vRECT& rect) override
-    {
+    int vDraw(const vRECT& area) override {
         Note("button.vDraw(" + std::to_string(pressed) + ")");
-        return vBUTTON::vDraw(rect);
+        return vBUTTON::vDraw(area);
     }
 
 protected:
-    int MsgHandler(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result) override
-    {
+    int MsgHandler(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result) override {
         if (message == BM_SETSTATE)
             Note("button.BM_SETSTATE(" + std::to_string(wParam) + ")");
         return vBUTTON::MsgHandler(message, wParam, lParam, result);
     }
 };
 
-class ButtonTest : public ControlTest {};
+using ButtonTest = ControlTest;
 
-// The text lives in the platform's button, so a button without a window has
-// none; New takes its text from the base library's resources.
-TEST_F(ButtonTest, ATextButtonIsThePlatformsOwnAndKeepsItsTextThere)
-{
+// Where a colour first shows in a shot of a button 50 wide, row by row: the top left corner of a face.
+int FirstOf(const zktest::Pixels& shot, COLORREF colour) {
+    int at = 0;
+    while (at < 50 * 40 && shot.At(at % 50, at / 50) != colour)
+        ++at;
+    return at;
+}
+
+// The text lives in the platform's button, so a button without a window has none; New takes its text from the base
+// library's resources.
+TEST_F(ButtonTest, ATextButtonIsThePlatformsOwnAndKeepsItsTextThere) {
     for (int isDefault : {0, 1}) {
         PROBE* button = new PROBE(*parent, vCTRLID(7), vSTRING("&Save"), vRECT(10, 10, 90, 40), isDefault);
         HWND window = (*button)();
         char name[32] = "";
-        EXPECT_STREQ((GetClassNameA(window, name, sizeof name), name), "Button");
+        GetClassNameA(window, name, sizeof name);
+        EXPECT_STREQ(name, "Button");
         EXPECT_EQ(GetWindowLongA(window, GWL_STYLE) & 0xF, isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON);
         EXPECT_STREQ(button->FontSpec().Name()(), "MS Sans Serif");
-        SetWindowTextA(window, "Two");
-        EXPECT_STREQ(button->Text()(), "Two");
         DestroyWindow(window);
     }
     EXPECT_STREQ(vBUTTON(*parent, vCTRLID(8), vSTRING("Gone"), vRECT(0, 0, 1, 1), 0, CLASSID_TEXT).Text()(), "");
@@ -67,15 +67,10 @@ TEST_F(ButtonTest, ATextButtonIsThePlatformsOwnAndKeepsItsTextThere)
     }
 }
 
-// The label is measured on the text without "&"; without any "&" the last
-// character is left out as well.
-TEST_F(ButtonTest, LabelIsMeasuredWithoutAmpersandsAndOneShortWithoutThem)
-{
-    const struct {
-        const char* text;
-        const char* measured;
-        int width;
-    } rows[] = {
+// The label is measured on the text without "&"; without any "&" the last character is left out as well. Too narrow a
+// button starts it at 6.
+TEST_F(ButtonTest, LabelIsMeasuredWithoutAmpersandsAndOneShortWithoutThem) {
+    const struct { const char* text; const char* measured; int width; } rows[] = {
         {"Cancel", "Cance", 120}, {"&Cancel", "Cancel", 120}, {"Can&cel", "Cancel", 120},
         {"W", "", 120},           {"Cancel", "Cance", 12},
     };
@@ -88,40 +83,32 @@ TEST_F(ButtonTest, LabelIsMeasuredWithoutAmpersandsAndOneShortWithoutThem)
         GetTextExtentPoint32A(dc, row.measured, lstrlenA(row.measured), &part);
         ReleaseDC((*button)(), dc);
         bool fits = row.width >= part.cx;
-        EXPECT_EQ(std::vector<long>({button->labelLeft, button->labelTop, button->labelRight, button->labelBottom}),
-                  std::vector<long>({fits ? (row.width - part.cx) / 2 : 6, 15 - whole.cy / 2, fits ? part.cx + 6 : row.width - 6, 15 - whole.cy / 2 + whole.cy}));
+        long top = 15 - whole.cy / 2;
+        EXPECT_EQ(button->Label(), std::vector<long>({fits ? (row.width - part.cx) / 2 : 6, top,
+                                                      fits ? part.cx + 6 : row.width - 6, top + whole.cy}));
         DestroyWindow((*button)());
     }
 }
 
-// What the button and its parent hear of each way of pressing it; the
-// platform's own mouse handling presses, releases and reports the click.
-TEST_F(ButtonTest, PressingRedrawsOnEachChangeAndOnlyAClickCommands)
-{
-    const struct {
-        const char* what;
-        bool face;
-        std::function<void(PROBE&)> press;
-        Lines calls;
-    } rows[] = {
+// What the button and its parent hear of each way of pressing it; the platform's own mouse handling presses, releases
+// and reports the click, with the button's handle.
+TEST_F(ButtonTest, PressingRedrawsOnEachChangeAndOnlyAClickCommands) {
+    const struct { const char* what; bool face; std::function<void(PROBE&)> press; Lines calls; } rows[] = {
         {"Push, then a state that is no change", false,
-         [](PROBE& b) { b.Push(), SendMessageA(b(), BM_SETSTATE, 0, 0); },
-         {"button.BM_SETSTATE(1)", "button.vDraw(1)", "button.BM_SETSTATE(0)", "button.vDraw(0)",
-          "button.BM_SETSTATE(0)"}},
-        {"a real click", false,
          [](PROBE& b) {
-             MouseTo(b(), 40, 15);
-             PumpFor(50);
-             Log().clear();
-             Mouse(MOUSEEVENTF_LEFTDOWN);
-             PumpFor(50);
-             Mouse(MOUSEEVENTF_LEFTUP);
-             PumpFor(100);
+             b.Push();
+             SendMessageA(b(), BM_SETSTATE, 0, 0);
          },
          {"button.BM_SETSTATE(1)", "button.vDraw(1)", "button.BM_SETSTATE(0)", "button.vDraw(0)",
-          "parent.WM_COMMAND(7,0,window)"}},
+          "button.BM_SETSTATE(0)"}},
+        {"a real click", false, [](PROBE& b) { Hold(b(), 40, 15, 50, true); },
+         {"button.BM_SETSTATE(1)", "button.vDraw(1)", "button.BM_SETSTATE(0)", "button.vDraw(0)",
+          "parent.WM_COMMAND(7,0)"}},
         {"a double press of a face, then the capture let go", true,
-         [](PROBE& b) { SendMessageA(b(), WM_LBUTTONDBLCLK, 0, MAKELPARAM(5, 5)), ReleaseCapture(); },
+         [](PROBE& b) {
+             SendMessageA(b(), WM_LBUTTONDBLCLK, 0, MAKELPARAM(5, 5));
+             ReleaseCapture();
+         },
          {"button.BM_SETSTATE(1)", "button.vDraw(1)", "button.vDraw(1)", "button.BM_SETSTATE(0)", "button.vDraw(0)"}},
     };
     vBITMAP face(Face(Plain));
@@ -131,64 +118,171 @@ TEST_F(ButtonTest, PressingRedrawsOnEachChangeAndOnlyAClickCommands)
                                  : new PROBE(*parent, vCTRLID(7), vSTRING("Go"), vRECT(10, 10, 90, 40));
         ShowPainted((*button)());
         Log().clear();
+        parent->senders.clear();
         row.press(*button);
         PumpFor(50);
-        Lines heard;
-        std::string window = std::to_string(reinterpret_cast<LPARAM>((*button)()));
-        for (std::string line : Log()) {
-            if (line.find(window) != std::string::npos)
-                line.replace(line.find(window), window.size(), "window");
-            if (line.find("button.") == 0 || line.find("WM_COMMAND") != std::string::npos)
-                heard.push_back(line);
-        }
-        EXPECT_EQ(heard, row.calls);
+        EXPECT_EQ(Taken({"button.", "parent.WM_COMMAND("}), row.calls);
+        bool commanded = row.calls.back() == "parent.WM_COMMAND(7,0)";
+        EXPECT_EQ(parent->senders, std::vector<LPARAM>(commanded, LPARAM((*button)())));
         DestroyWindow((*button)());
     }
 }
 
-// Focus goes before pressed, pressed before disabled. The face is drawn
-// whole, its key colour too, and a pressed one one pixel right and two down,
-// as the platform's pressed label moves.
-TEST_F(ButtonTest, EachStateShowsItsFace)
-{
-    const struct {
-        const char* state;
-        int focus, press, disable;
-        COLORREF shown;
-    } rows[] = {
-        {"normal", 0, 0, 0, Plain},            {"pressed", 0, 1, 0, Pressed},
-        {"focused", 1, 0, 0, Focused},         {"disabled", 0, 0, 1, Disabled},
-        {"focused-pressed", 1, 1, 0, Focused}, {"pressed-disabled", 0, 1, 1, Pressed},
+// The disabled face of a bit button has a hole of 4 by 4 in the key colour, through which a face drawn before it shows.
+const int Hole = 4 * 4;
+
+class BITBUT : public vBITBUT {
+public:
+    using vBITBUT::vBITBUT, vBITBUT::flags;
+};
+
+// Each state of a button with faces, and of a bit button. A button: focus goes before pressed, pressed before
+// disabled; the face is drawn whole, its key colour too, and a pressed one one pixel right and two down, as the
+// platform's pressed label moves. A bit button: pressed goes before focused; disabled is drawn over whatever was
+// drawn, and alone it leaves the plain face out; the key colour never shows.
+TEST_F(ButtonTest, EachStateShowsItsFace) {
+    // In the order of States: the button's face; the bit button's plain, pressed, focused and disabled pixels.
+    const struct { COLORREF shown; std::vector<int> counts; } rows[] = {
+        {Plain, {Core, 0, 0, 0}},    {Pressed, {0, Core, 0, 0}},           {Focused, {0, 0, Core, 0}},
+        {Disabled, {0, 0, 0, Core - Hole}}, {Focused, {0, Core, 0, 0}}, {Pressed, {0, Hole, 0, Core - Hole}},
     };
-    vBITMAP face(Face(Plain));
-    POINT rest = {0, 0};
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.state);
-        PROBE* button = new PROBE(*parent, vCTRLID(7), face, vRECT(20, 20, 70, 60));
+    vBITMAP plain(Face(Plain)), selected(Face(Pressed)), focus(Face(Focused)), disabled(Face(Disabled, Side, 4));
+    const bool keyShows = GetSysColor(COLOR_BTNFACE) != Key;
+    int rest = 0;
+    for (int row = 0; row < 6; ++row) {
+        const STATE& state = States[row];
+        SCOPED_TRACE(state.name);
+        PROBE* button = new PROBE(*parent, vCTRLID(7), plain, vRECT(20, 20, 70, 60));
         button->ExtraFaces();
-        ShowPainted((*button)());
-        if (row.focus)
-            SetFocus((*button)());
-        if (row.press)
-            SendMessageA((*button)(), BM_SETSTATE, 1, 0);
-        if (row.disable)
-            EnableWindow((*button)(), FALSE);
-        ShowPainted((*button)());
-        zktest::Pixels shot = Shot((*button)());
+        zktest::Pixels shot = ShotIn((*button)(), state);
         ASSERT_TRUE(shot.Read());
-        shot.Save(std::string("button-") + row.state);
+        shot.Save(std::string("button-") + state.name);
         for (COLORREF colour : {Plain, Pressed, Focused, Disabled})
-            EXPECT_EQ(shot.Count(colour), colour == row.shown ? Core : 0) << std::hex << colour;
-        if (GetSysColor(COLOR_BTNFACE) != Key) {
-            EXPECT_EQ(shot.Count(Key), Side * Side - Core);
-        }
-        POINT corner = CornerOf((*button)(), row.shown);
-        if (!row.press && !row.focus && !row.disable)
-            rest = corner;
-        EXPECT_EQ(corner.x - rest.x, row.press ? 1 : 0);
-        EXPECT_EQ(corner.y - rest.y, row.press ? 2 : 0);
+            EXPECT_EQ(shot.Count(colour), colour == rows[row].shown ? Core : 0) << std::hex << colour;
+        EXPECT_TRUE(!keyShows || shot.Count(Key) == Side * Side - Core);
+        rest = row ? rest : FirstOf(shot, Plain);
+        EXPECT_EQ(FirstOf(shot, rows[row].shown) - rest, state.press ? 1 + 2 * 50 : 0) << "one right and two down";
         DestroyWindow((*button)());
+        BITBUT* bitbut = new BITBUT(*parent, vCTRLID(7), plain, vRECT(20, 20, 70, 60));
+        EXPECT_EQ(bitbut->Bitmaps(&selected, &focus, &disabled, nullptr), 1);
+        shot = ShotIn((*bitbut)(), state);
+        shot.Save(std::string("bitbut-") + state.name);
+        EXPECT_EQ(std::vector<int>({shot.Count(Plain), shot.Count(Pressed), shot.Count(Focused), shot.Count(Disabled)}),
+                  rows[row].counts);
+        EXPECT_TRUE(!keyShows || shot.Count(Key) == 0);
+        DestroyWindow((*bitbut)());
     }
+}
+
+// A face needs a margin of 3 all round; the base library holds no bitmap of the number New is given, and the button is
+// made all the same, empty and of the smallest size.
+TEST_F(ButtonTest, ABitButtonIsResizedOnlyWhenTheFaceDoesNotFitAndDefaultWhenAsked) {
+    wintest::Watched().insert(DM_SETDEFID);
+    vBITMAP plain(Face(Plain));
+    BITBUT* kept = new BITBUT(*parent, vCTRLID(7), plain, vRECT(0, 0, 22, 22));
+    BITBUT* grown = new BITBUT(*parent, vCTRLID(8), plain, vRECT(0, 0, 22, 21), 1);
+    vCTRLID id(9);
+    vRESID missing(32099, vSYSTEM::Pointer());
+    vCONTROL* empty = vBITBUT::New(*parent, id, missing);
+    const struct { HWND window; long width, height; LONG kind; } rows[] = {
+        {(*kept)(), 22, 22, BS_PUSHBUTTON}, {(*grown)(), 28, 28, BS_DEFPUSHBUTTON},
+        {(*empty)(), 12, 12, BS_PUSHBUTTON}};
+    for (const auto& row : rows) {
+        RECT client;
+        GetClientRect(row.window, &client);
+        EXPECT_EQ(std::vector<long>({client.right, client.bottom}), std::vector<long>({row.width, row.height}));
+        EXPECT_EQ(GetWindowLongA(row.window, GWL_STYLE) & 0xF, row.kind);
+    }
+    EXPECT_EQ(kept->flags & WINF_ERASE, 0);
+    EXPECT_EQ(Only("default"), Lines({"parent default " + std::to_string(DM_SETDEFID)}));
+    EXPECT_STREQ(empty->Text()(), "");
+    ShowPainted((*empty)());
+}
+
+// A repeat key that notes each timer tick it gets.
+class REPEATKEY : public vREPEATKEY {
+public:
+    using vREPEATKEY::vREPEATKEY;
+    int vTimer(const vRESID& id) override {
+        Note("key.vTimer");
+        return vREPEATKEY::vTimer(id);
+    }
+};
+
+// Held down, a key made as a bit button commands its parent again and again: the first message after the press arms the
+// timer, every tick sends a command with the handle's low word and arms it again. The platform's own click on release
+// comes last, with the whole handle.
+TEST_F(ButtonTest, ARepeatKeyHeldDownCommandsTheParentAgainAndAgain) {
+    vBITMAP face(Face(Plain));
+    REPEATKEY* key = new REPEATKEY(*parent, vCTRLID(7), face, vRECT(20, 20, 70, 60));
+    HWND window = (*key)();
+    ShowPainted(window);
+    Hold(window, 25, 20, 700);
+    size_t held = parent->senders.size() - 1;
+    ASSERT_GE(held, 2u);
+    std::vector<LPARAM> sent(held, LOWORD(window));
+    sent.push_back(reinterpret_cast<LPARAM>(window));
+    EXPECT_EQ(parent->senders, sent);
+    EXPECT_EQ(Only("vTimer").size(), held);
+    EXPECT_EQ(Only("WM_COMMAND"), Lines(held + 1, "parent.WM_COMMAND(7,0)"));
+}
+
+// The grey of the lines that show a toggle held in.
+const COLORREF Recess = RGB(127, 127, 127);
+
+class TOGGLE : public vTOGGLEBTN {
+public:
+    using vTOGGLEBTN::vTOGGLEBTN;
+    // recessed, tracking, pressed, toggled, and whether it holds the capture.
+    std::vector<long> State() const { return {recessed, tracking, pressed, toggled, ::GetCapture() == hWnd}; }
+};
+
+// One toggle through the mouse's inputs; each row starts where the row above ended. Presses alternate between two
+// points, so that only the last press pairs with the one before it into a double click. Once the button is let go it
+// shows the lasting state, pressed in or out. The platform's button never sees a click, so the parent hears no command;
+// a dialog without a data block changes nothing; and, after a first one, the toggle's life leaves no GDI object.
+TEST_F(ButtonTest, TheMouseFlipsAToggleOnlyByAReleaseStrictlyInside) {
+    enum INPUTKIND { MOVE, DOWN, UP };
+    const POINT left = {30, 15}, right = {70, 15}, edge = {0, 15}, away = {150, 15};
+    const struct { const char* what; INPUTKIND input; POINT at; std::vector<long> state; } rows[] = {
+        {"press inside", DOWN, left, {1, 1, 1, 0, 1}},
+        {"move out", MOVE, away, {0, 1, 0, 0, 1}},
+        {"move back in", MOVE, right, {1, 1, 1, 0, 1}},
+        {"release inside", UP, right, {0, 0, 1, 1, 0}},
+        {"press when toggled", DOWN, right, {1, 1, 1, 1, 1}},
+        {"move onto the edge", MOVE, edge, {0, 1, 1, 1, 1}},
+        {"release on the edge", UP, edge, {0, 0, 1, 1, 0}},
+        {"press again", DOWN, left, {1, 1, 1, 1, 1}},
+        {"release inside", UP, left, {0, 0, 0, 0, 0}},
+        {"second press of a double click", DOWN, left, {0, 1, 1, 0, 1}},
+        {"its release", UP, left, {0, 0, 1, 1, 0}},
+    };
+    HWND warm = (*new TOGGLE(*parent, vCTRLID(8), vSTRING("Warm"), vRECT(0, 0, 9, 9)))();
+    ShowPainted(warm);
+    DestroyWindow(warm);
+    wintest::Pump();
+    unsigned long objects = zktest::LiveGdiObjects();
+    TOGGLE* toggle = new TOGGLE(*parent, vCTRLID(7), vSTRING("Bold"), vRECT(20, 20, 120, 50));
+    toggle->SetupView(nullptr, 0);
+    ShowPainted((*toggle)());
+    Log().clear();
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        MouseTo((*toggle)(), row.at.x, row.at.y);
+        if (row.input != MOVE)
+            Mouse(row.input == DOWN ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_LEFTUP);
+        PumpFor(60);
+        EXPECT_EQ(toggle->State(), row.state);
+        zktest::Pixels shot = Shot((*toggle)());
+        ASSERT_TRUE(shot.Read());
+        EXPECT_EQ(shot.At(2, 15) == Recess, row.state[0] == 1) << "the recess lines";
+        shot.Save(std::string("togglebtn-") + (row.state[0] ? "recessed" : row.state[3] ? "toggled" : "out"));
+    }
+    EXPECT_EQ(Only("WM_COMMAND"), Lines{});
+    EXPECT_STREQ(toggle->Text()(), "Bold");
+    DestroyWindow((*toggle)());
+    wintest::Pump();
+    EXPECT_EQ(zktest::LiveGdiObjects(), objects);
 }
 
 }  // namespace

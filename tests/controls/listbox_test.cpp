@@ -1,42 +1,29 @@
 #include <algorithm>
 
-#include "controls/listtest.h"
+#include "controls/controltest.h"
 
-using namespace listtest;
+using namespace controltest;
 
 namespace {
-
-const unsigned short ListId = 40;
 
 // A list that notes the selection hooks the library calls.
 class LIST : public vLISTBOX {
 public:
     LIST(const vWIN& parent, unsigned short form, const vSIZE& size = vSIZE(0, 18))
-        : vLISTBOX(parent, vCTRLID(ListId), form, size, vRECT(10, 10, 160, 130))
-    {
-    }
+        : vLISTBOX(parent, vCTRLID(40), form, size, vRECT(10, 10, 160, 130)) {}
 
-    void vSelectionChange(unsigned short index) override
-    {
-        Note("list.vSelectionChange(" + std::to_string(index) + ")");
+    void vSelectionChange(unsigned short i) override { Note("list.vSelectionChange(" + std::to_string(i) + ")"); }
+    int vSelectionDoubleClick(unsigned short i, const vPOINT&) override {
+        return Noted("list.vSelectionDoubleClick(" + std::to_string(i) + ")", 1);
     }
-    int vSelectionDoubleClick(unsigned short index, const vPOINT&) override
-    {
-        Note("list.vSelectionDoubleClick(" + std::to_string(index) + ")");
-        return 1;
-    }
-
-    using vLISTBOX::fakeParent;
-    using vLISTBOX::MakeFileList;
-    using vLISTBOX::selectionCount;
+    using vLISTBOX::fakeParent, vLISTBOX::MakeFileList, vLISTBOX::selectionCount;
     HWND Handle() const { return hWnd; }
 };
 
 const std::vector<std::string> Reporters = {"list.", "parent.WM_COMMAND(", "parent.vCommand("};
 
 // A real click in the middle of an item.
-void ClickItem(LIST& list, int index, const std::vector<WORD>& held = {})
-{
+void ClickItem(LIST& list, int index, const std::vector<WORD>& held = {}) {
     RECT item = {};
     SendMessageA(list.Handle(), LB_GETITEMRECT, index, reinterpret_cast<LPARAM>(&item));
     POINT at = {(item.left + item.right) / 2, (item.top + item.bottom) / 2};
@@ -44,8 +31,7 @@ void ClickItem(LIST& list, int index, const std::vector<WORD>& held = {})
     Click(at, held);
 }
 
-Lines Selected(LIST& list)
-{
+Lines Selected(LIST& list) {
     Lines items;
     for (long i = 0; i < list.NoItems()(); ++i)
         if (SendMessageA(list.Handle(), LB_GETSEL, i, 0) > 0)
@@ -53,49 +39,29 @@ Lines Selected(LIST& list)
     return items;
 }
 
-// Rows of a shown window as they are on the screen.
-zktest::Pixels Rows(HWND window, int top, int rows)
-{
-    RECT client;
-    GetClientRect(window, &client);
-    HDC from = GetDC(window);
-    HDC memory = CreateCompatibleDC(from);
-    HBITMAP copy = CreateCompatibleBitmap(from, client.right, rows);
-    HGDIOBJ old = SelectObject(memory, copy);
-    BitBlt(memory, 0, 0, client.right, rows, from, 0, top, SRCCOPY);
-    SelectObject(memory, old);
-    zktest::Pixels shot(copy, client.right, rows);
-    DeleteObject(copy);
-    DeleteDC(memory);
-    ReleaseDC(window, from);
-    return shot;
+// What a change of selection reports when the platform's notification reaches the parent first.
+Lines Changed(int index) {
+    return {"parent.WM_COMMAND(40,1)", "list.vSelectionChange(" + std::to_string(index) + ")", "parent.vCommand(40)"};
 }
 
-class ListBox : public ListTest {
+class ListBox : public ControlTest {
 protected:
-    LIST* Filled(unsigned short form, std::vector<const char*> items = {"alpha", "beta", "gamma", "delta"})
-    {
+    LIST* Filled(unsigned short form, std::vector<const char*> items = {"alpha", "beta", "gamma", "delta"}) {
         LIST* list = new LIST(*parent, form);
         for (const char* item : items)
             list->Append(vSTRING("%s", item), nullptr);
         list->Show();
         SetFocus(list->Handle());
-        Settle();
+        PumpFor(100);
         Log().clear();
         return list;
     }
 };
 
-TEST_F(ListBox, TheFlagWordChoosesThePlatformStyle)
-{
-    // The scroll bars are asked for too; the platform keeps their bits only
-    // while they show.
+// The scroll bars are asked for too; the platform keeps their bits only while they show.
+TEST_F(ListBox, TheFlagWordChoosesThePlatformStyle) {
     const DWORD every = WS_BORDER | LBS_NOTIFY | LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT;
-    const struct {
-        unsigned short form;
-        DWORD with;
-        DWORD without;
-    } rows[] = {
+    const struct { unsigned short form; DWORD with, without; } rows[] = {
         {0, LBS_OWNERDRAWFIXED, LBS_SORT | LBS_MULTICOLUMN | LBS_MULTIPLESEL | LBS_EXTENDEDSEL | WS_TABSTOP},
         {LBF_MULTICOLUMN, LBS_OWNERDRAWFIXED | LBS_MULTICOLUMN, 0},
         {LBF_SORTED, LBS_SORT, 0},
@@ -104,31 +70,27 @@ TEST_F(ListBox, TheFlagWordChoosesThePlatformStyle)
         {LBF_MULTIPLESEL | LBF_EXTENDEDSEL, LBS_MULTIPLESEL, LBS_EXTENDEDSEL},
     };
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.form);
         LIST* list = new LIST(*parent, row.form);
         DWORD style = GetWindowLongA(list->Handle(), GWL_STYLE);
-        EXPECT_EQ(style & (every | row.with), every | row.with);
-        EXPECT_EQ(style & row.without, 0u);
+        EXPECT_EQ(style & (every | row.with), every | row.with) << row.form;
+        EXPECT_EQ(style & row.without, 0u) << row.form;
         DestroyWindow(list->Handle());
     }
-}
-
-TEST_F(ListBox, AZeroItemSizeIsMeasuredOnceCreatedAndNeverAnsweredAsZero)
-{
     LIST* list = new LIST(*parent, 0, vSIZE(0, 0));
     TEXTMETRICA metrics;
     HDC dc = GetDC(list->Handle());
     GetTextMetricsA(dc, &metrics);
     ReleaseDC(list->Handle(), dc);
-    EXPECT_EQ(list->ItemSize().Width(), vINT(150));
+    EXPECT_EQ(list->ItemSize().Width(), vINT(150)) << "a zero size is measured once created";
     EXPECT_EQ(list->ItemSize().Height(), vINT(metrics.tmHeight));
     list->ItemSize(vSIZE(0, 5));
-    EXPECT_EQ(list->ItemSize().Width(), vINT(150));
+    EXPECT_EQ(list->ItemSize().Width(), vINT(150)) << "and never answered as zero";
     EXPECT_EQ(SendMessageA(list->Handle(), LB_GETITEMHEIGHT, 0, 0), 5);
 }
 
-TEST_F(ListBox, ItemsAreFoundWholeOrByPrefixAndBadIndexesAnswerNothing)
-{
+// Items are found whole or by prefix, sorted as the platform sorts; bad indexes answer nothing; an item of 255
+// characters is the longest.
+TEST_F(ListBox, ItemsAreFoundWholeOrByPrefixAndBadIndexesAnswerNothing) {
     LIST* list = Filled(0, {"apple", "banana", "apricot"});
     vINT marker(7);
     EXPECT_EQ(list->Index(vSTRING("ap")), -1);
@@ -139,112 +101,99 @@ TEST_F(ListBox, ItemsAreFoundWholeOrByPrefixAndBadIndexesAnswerNothing)
     EXPECT_EQ(list->Select(vSTRING("zebra"), 1), 0);
     EXPECT_EQ(list->Select(marker, 1), 0) << "selecting by object never finds one";
     EXPECT_EQ(list->GetData(7), nullptr);
-    EXPECT_STREQ(list->operator[](7)(), "");
-
+    EXPECT_STREQ((*list)[7](), "");
     std::string longest(255, 'x');
     list->Insert(vSTRING("%s", longest.c_str()), nullptr, 0);
-    EXPECT_EQ(list->NoItems(), vINT(4));
     list->Insert(vSTRING("%s", (longest + "y").c_str()), &marker, 1);
-    EXPECT_EQ(list->NoItems(), vINT(4)) << "256 characters are refused";
+    EXPECT_EQ(list->NoItems(), vINT(4)) << "255 characters are taken, 256 refused";
     EXPECT_EQ(list->GetData(1), &marker) << "but the data still land on the index asked for";
-
     list->Remove(marker, 1);
-    EXPECT_EQ(list->NoItems(), vINT(3));
     list->Remove(vSTRING("ap"), 0);
     EXPECT_EQ(list->NoItems(), vINT(2));
     list->RemoveAll();
     list->Remove(0);
     list->Remove(vSTRING("x"), 0);
     EXPECT_EQ(list->NoItems(), vINT(0));
+    LIST* sorted = Filled(LBF_SORTED, {"pear", "Apple", "fig"});
+    EXPECT_EQ(std::string((*sorted)[0]()) + (*sorted)[2](), "Applepear");
+    auto compare = [&](const char* one, const char* two) { return sorted->vCompare(vSTRING(one), vSTRING(two)); };
+    EXPECT_EQ(std::vector<short>({compare("a", "b"), compare("b", "a"), compare("a", "a")}),
+              std::vector<short>({-1, 1, 0})) << "compare answers by sign";
 }
 
-TEST_F(ListBox, SortingFollowsThePlatformAndCompareAnswersBySign)
-{
-    LIST* list = Filled(LBF_SORTED, {"pear", "Apple", "fig"});
-    EXPECT_STREQ((*list)[0](), "Apple");
-    EXPECT_STREQ((*list)[2](), "pear");
-    const struct {
-        const char *first, *second;
-        short answer;
-    } rows[] = {{"a", "b", -1}, {"b", "a", 1}, {"a", "a", 0}};
-    for (const auto& row : rows)
-        EXPECT_EQ(list->vCompare(vSTRING(row.first), vSTRING(row.second)), row.answer) << row.first << row.second;
-}
-
-// Each state drawn: item 0 plain, item 1 selected, item 2 selected with the
-// focus frame on it. An empty list is not painted at all.
-TEST_F(ListBox, ItemsAreDrawnPlainSelectedAndFocused)
-{
+// Each state drawn: item 0 plain, item 1 selected, item 2 selected with the focus frame on it; then its selection
+// snapshot taken. An empty list is not painted at all.
+TEST_F(ListBox, ItemsAreDrawnPlainSelectedAndFocused) {
     LIST* list = Filled(LBF_MULTIPLESEL);
+    HWND window = list->Handle();
     list->Select(1, 1);
     list->Select(2, 1);
-    SendMessageA(list->Handle(), LB_SETCARETINDEX, 2, 0);
-    InvalidateRect(list->Handle(), nullptr, TRUE);
-    UpdateWindow(list->Handle());
-    Settle();
+    SendMessageA(window, LB_SETCARETINDEX, 2, 0);
+    InvalidateRect(window, nullptr, TRUE);
+    UpdateWindow(window);
+    PumpFor(100);
     const COLORREF highlight = GetSysColor(COLOR_HIGHLIGHT);
     const char* names[] = {"listbox-normal", "listbox-selected", "listbox-selected-focused"};
     const COLORREF background[] = {GetSysColor(COLOR_WINDOW), highlight, highlight};
     for (int item = 0; item < 3; ++item) {
-        zktest::Pixels shot = Rows(list->Handle(), 18 * item, 18);
+        zktest::Pixels shot = Shot(window, 18 * item, 18);
         shot.Save(names[item]);
         EXPECT_EQ(shot.At(100, 9), background[item]) << names[item];
         EXPECT_GT(shot.Count(GetSysColor(COLOR_WINDOWTEXT)), 10) << names[item] << ": the text";
     }
     RECT client;
-    GetClientRect(list->Handle(), &client);
-    EXPECT_GT(client.right - Rows(list->Handle(), 36, 1).Count(highlight), 10) << "the focus frame";
+    GetClientRect(window, &client);
+    EXPECT_GT(client.right - Shot(window, 36, 1).Count(highlight), 10) << "the focus frame";
     DRAWITEMSTRUCT none = {};
     none.itemID = 0xFFFF;
     none.itemAction = ODA_DRAWENTIRE;
     EXPECT_EQ(list->ccPaint(&none), 0);
+    EXPECT_EQ(list->GetSel(), 1);
+    EXPECT_STREQ(list->SelectedItems(1)(), "gamma");
+    EXPECT_STREQ(list->SelectedItems(2)(), "");
+    list->MultiClearSelection();
+    EXPECT_EQ(list->GetSel(), 0);
+    EXPECT_EQ(list->selectionCount, 2) << "nothing selected keeps the old snapshot";
+    EXPECT_EQ(list->MultiSelectAll(), 1);
+    EXPECT_EQ(list->NoItemsSel(), vINT(4));
     list->RemoveAll();
-    InvalidateRect(list->Handle(), nullptr, TRUE);
-    SendMessageA(list->Handle(), WM_PAINT, 0, 0);
-    EXPECT_FALSE(GetUpdateRect(list->Handle(), nullptr, FALSE));
+    InvalidateRect(window, nullptr, TRUE);
+    SendMessageA(window, WM_PAINT, 0, 0);
+    EXPECT_FALSE(GetUpdateRect(window, nullptr, FALSE));
 }
 
-// A list without the drag form leaves the mouse and keys to the platform,
-// whose notifications reach the list's hook and then the parent.
-TEST_F(ListBox, ThePlatformSelectsAndTheListHearsFirst)
-{
+// A list without the drag form leaves the mouse and keys to the platform, whose notifications reach the list's hook and
+// then the parent. Off the item under the caret the platform has the double click, and its notification stops before
+// vCommand.
+TEST_F(ListBox, ThePlatformSelectsAndTheListHearsFirst) {
     LIST* list = Filled(0);
     ClickItem(*list, 2);
-    Key(VK_DOWN, true);
-    Key(VK_DOWN, false);
-    Key('B', true);
-    Key('B', false);
-    EXPECT_EQ(Taken(Reporters), (Lines{"parent.WM_COMMAND(40,1)", "list.vSelectionChange(2)", "parent.vCommand(40)",
-                                "parent.WM_COMMAND(40,1)", "list.vSelectionChange(3)", "parent.vCommand(40)",
-                                "parent.WM_COMMAND(40,1)", "list.vSelectionChange(1)", "parent.vCommand(40)"}));
-    // Off the item under the caret the platform has the double click, and
-    // its notification stops before vCommand.
+    for (WORD key : {WORD(VK_DOWN), WORD('B')}) {
+        KeyTo(key, true);
+        KeyTo(key, false);
+    }
+    Lines reports;
+    for (int index : {2, 3, 1})
+        for (const std::string& line : Changed(index))
+            reports.push_back(line);
+    EXPECT_EQ(Taken(Reporters), reports);
     SendMessageA(list->Handle(), WM_LBUTTONDBLCLK, 0, MAKELPARAM(20, 110));
     SendMessageA(list->Handle(), WM_LBUTTONDBLCLK, 0, MAKELPARAM(20, 27));
     EXPECT_EQ(Taken(Reporters), (Lines{"parent.WM_COMMAND(40,2)", "list.vSelectionDoubleClick(1)"}));
 }
 
-// In a drag list the press on a selection keeps it for a drag; the release
-// finishes it. Ctrl takes a selected item out, Shift runs from the far end.
-TEST_F(ListBox, ADragListFinishesTheSelectionAtTheRelease)
-{
-    const struct {
-        unsigned short form;
-        Lines before;
-        int item;
-        std::vector<WORD> held;
-        Lines after;
-        Lines reports;
-    } rows[] = {
-        {LBF_DRAG, {}, 1, {}, {"beta"},
-         {"parent.WM_COMMAND(40,1)", "list.vSelectionChange(1)", "parent.vCommand(40)"}},
+// In a drag list the press on a selection keeps it for a drag; the release finishes it and clears the drag zone. Ctrl
+// takes a selected item out, Shift runs from the far end.
+TEST_F(ListBox, ADragListFinishesTheSelectionAtTheRelease) {
+    const unsigned short multiple = LBF_DRAG | LBF_MULTIPLESEL;
+    const struct { unsigned short form; Lines before; int item; std::vector<WORD> held; Lines after, reports; }
+    rows[] = {
+        {LBF_DRAG, {}, 1, {}, {"beta"}, Changed(1)},
         // A multiple list answers the platform's own idea of its current item.
-        {LBF_DRAG | LBF_MULTIPLESEL, {"alpha", "beta", "gamma"}, 1, {}, {"beta"},
-         {"parent.WM_COMMAND(40,1)", "list.vSelectionChange(1)", "parent.vCommand(40)"}},
-        {LBF_DRAG | LBF_MULTIPLESEL, {"alpha", "beta", "gamma"}, 1, {VK_CONTROL}, {"alpha", "gamma"},
-         {"parent.WM_COMMAND(40,1)", "list.vSelectionChange(2)", "parent.vCommand(40)"}},
+        {multiple, {"alpha", "beta", "gamma"}, 1, {}, {"beta"}, Changed(1)},
+        {multiple, {"alpha", "beta", "gamma"}, 1, {VK_CONTROL}, {"alpha", "gamma"}, Changed(2)},
         // Without a fake parent the shift-click's report goes nowhere.
-        {LBF_DRAG | LBF_MULTIPLESEL, {"beta"}, 3, {VK_SHIFT}, {"beta", "gamma", "delta"}, {}},
+        {multiple, {"beta"}, 3, {VK_SHIFT}, {"beta", "gamma", "delta"}, {}},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.item);
@@ -260,33 +209,29 @@ TEST_F(ListBox, ADragListFinishesTheSelectionAtTheRelease)
     }
 }
 
-TEST_F(ListBox, AFakeParentPassesTheListsReportsOnWithTheSameIdentifier)
-{
+// The fake parent stands between the list and its parent, takes dropped files, follows the list's size and passes the
+// list's reports on with the same identifier.
+TEST_F(ListBox, AFakeParentPassesTheListsReportsOnWithTheSameIdentifier) {
     zktest::TraceCapture trace;
     LIST* list = Filled(LBF_FAKEPARENT);
     ASSERT_NE(list->fakeParent, nullptr);
     HWND fake = GetParent(list->Handle());
-    EXPECT_NE(fake, (*parent)());
-    EXPECT_EQ(GetParent(fake), (*parent)());
+    EXPECT_TRUE(fake != (*parent)() && GetParent(fake) == (*parent)());
     EXPECT_TRUE(GetWindowLongA(list->Handle(), GWL_EXSTYLE) & WS_EX_ACCEPTFILES);
     EXPECT_EQ(list->Parent(), parent);
     ClickItem(*list, 1);
-    EXPECT_EQ(Taken(Reporters),
-              (Lines{"list.vSelectionChange(1)", "parent.WM_COMMAND(40,1)", "parent.vCommand(40)"}));
-    EXPECT_NE(std::find(trace.Lines().begin(), trace.Lines().end(), "Trace: fake parent = message"),
-              trace.Lines().end());
+    EXPECT_EQ(Taken(Reporters), (Lines{"list.vSelectionChange(1)", "parent.WM_COMMAND(40,1)", "parent.vCommand(40)"}));
+    const Lines& traced = trace.Lines();
+    EXPECT_NE(std::find(traced.begin(), traced.end(), "Trace: fake parent = message"), traced.end());
     list->Size(vRECT(20, 30, 120, 90));
     RECT placed;
     GetWindowRect(fake, &placed);
     MapWindowPoints(nullptr, (*parent)(), reinterpret_cast<POINT*>(&placed), 2);
-    EXPECT_EQ(placed.left, 20);
-    EXPECT_EQ(placed.bottom, 90);
+    EXPECT_EQ(std::make_pair(placed.left, placed.bottom), std::make_pair(20L, 90L));
 }
 
-// Wine shows a name that starts with a dot as hidden; Windows takes the
-// attribute.
-TEST_F(ListBox, AFileListShowsHiddenDirectoriesButNotPlainOnes)
-{
+// Wine shows a name that starts with a dot as hidden; Windows takes the attribute.
+TEST_F(ListBox, AFileListShowsHiddenDirectoriesButNotPlainOnes) {
     char folder[MAX_PATH];
     GetTempPathA(MAX_PATH, folder);
     auto in = [root = std::string(folder) + "zklist"](const char* name) { return root + name; };
@@ -297,32 +242,94 @@ TEST_F(ListBox, AFileListShowsHiddenDirectoriesButNotPlainOnes)
     LIST* list = Filled(LBF_SORTED, {"stale"});
     list->MakeFileList(vSTRING("%s", in("\\*").c_str()), 1);
     EXPECT_EQ(list->NoItems(), vINT(2));
-    EXPECT_STREQ((*list)[0](), ".hidden");
-    EXPECT_STREQ((*list)[1](), "note.txt");
+    EXPECT_EQ(std::string((*list)[0]()) + "," + (*list)[1](), ".hidden,note.txt");
     DeleteFileA(in("\\note.txt").c_str());
     SetFileAttributesA(in("\\.hidden").c_str(), FILE_ATTRIBUTE_DIRECTORY);
     for (const char* directory : {"\\plain", "\\.hidden", ""})
         RemoveDirectoryA(in(directory).c_str());
 }
 
-TEST_F(ListBox, ASelectionSnapshotStaysUntilANewOneIsTaken)
-{
-    LIST* list = Filled(LBF_MULTIPLESEL);
-    list->Select(1, 1);
-    list->Select(3, 1);
-    EXPECT_EQ(list->GetSel(), 1);
-    EXPECT_STREQ(list->SelectedItems(1)(), "delta");
-    EXPECT_STREQ(list->SelectedItems(2)(), "");
-    list->MultiClearSelection();
-    EXPECT_EQ(list->GetSel(), 0);
-    EXPECT_EQ(list->selectionCount, 2) << "nothing selected keeps the old snapshot";
-    EXPECT_EQ(list->MultiSelectAll(), 1);
-    EXPECT_EQ(list->NoItemsSel(), vINT(4));
+// A selection snapshot stays until a new one is taken; a single selection cannot be taken away item by item.
+TEST_F(ListBox, ASelectionSnapshotStaysUntilANewOneIsTaken) {
     LIST* single = Filled(0);
     EXPECT_EQ(single->MultiSelectAll(), 0);
     EXPECT_EQ(single->Select(2, 1), 1);
     EXPECT_EQ(single->Select(2, 0), 0);
-    EXPECT_EQ(single->NoItemsSel(), vINT(1)) << "a single selection cannot be taken away item by item";
+    EXPECT_EQ(single->NoItemsSel(), vINT(1));
+}
+
+class DROP : public vDROPLISTBOX {
+public:
+    DROP(const vWIN& parent, unsigned short rows, unsigned short form)
+        : vDROPLISTBOX(parent, vCTRLID(41), rows, form, vSIZE(0, 16), vRECT(10, 10, 160, 34)) {}
+
+    void vSelectionChange(unsigned short at) override { Note("drop.vSelectionChange(" + std::to_string(at) + ")"); }
+    bool Dropped() { return SendMessageA(hWnd, CB_GETDROPPEDSTATE, 0, 0); }
+    using vLISTBOX::selection, vLISTBOX::selectionCount;
+    HWND Handle() const { return hWnd; }
+};
+
+using ComboBox = ControlTest;
+
+// A drop list is an owner-drawn drop-down list of strings (the scroll bar asked for belongs to the dropped list). Its
+// rows lengthen the window from where it ends now; the platform keeps a combo box's window at the height of its field,
+// so a second call starts from the field again. Its snapshot always holds one entry, the current item or -1.
+TEST_F(ComboBox, ADropListIsAnOwnerDrawnDropDownListWithOneSelectionAndTheEditableFormsKeepNoItems) {
+    DROP* drop = new DROP(*parent, 4, CBF_SORTED);
+    const DWORD made = CBS_HASSTRINGS | CBS_OWNERDRAWFIXED | CBS_DROPDOWNLIST | CBS_SORT;
+    EXPECT_EQ(GetWindowLongA(drop->Handle(), GWL_STYLE) & made, made);
+    EXPECT_EQ(SendMessageA(drop->Handle(), CB_GETITEMHEIGHT, 0, 0), 16);
+    for (const char* item : {"pear", "apple", "fig"})
+        drop->Append(vSTRING("%s", item), nullptr);
+    EXPECT_STREQ((*drop)[0](), "apple");
+    EXPECT_EQ(drop->Index(vSTRING("fi")), -1);
+    EXPECT_EQ(drop->Search(vSTRING("fi")), 1);
+    EXPECT_EQ(drop->GetSel(), 0);
+    EXPECT_EQ(drop->selectionCount, 1);
+    EXPECT_EQ(drop->selection[0], -1);
+    EXPECT_EQ(drop->Select(vSTRING("zzz")), CB_ERR);
+    EXPECT_EQ(drop->Select(vSTRING("fi")), 1);
+    EXPECT_EQ(drop->GetSel(), 1);
+    EXPECT_STREQ(drop->SelectedItems(0)(), "fig");
+    EXPECT_STREQ(drop->SelectedItems(1)(), "");
+    for (int call = 0; call < 2; ++call) {
+        drop->NoDropRows(5);
+        RECT dropped;
+        SendMessageA(drop->Handle(), CB_GETDROPPEDCONTROLRECT, 0, reinterpret_cast<LPARAM>(&dropped));
+        EXPECT_EQ(dropped.bottom - dropped.top, 5 * 16 + 1) << call;
+    }
+    // The editable forms make their window but keep no items.
+    vCOMBOBOX* simple = new vCOMBOBOX(*parent, vCTRLID(42), CBF_SORTED, vSIZE(0, 0), vRECT(10, 40, 160, 120));
+    const LONG open = CBS_SIMPLE | CBS_SORT;
+    EXPECT_EQ(GetWindowLongA((*simple)(), GWL_STYLE) & open, open);
+    simple->Append(vSTRING("ignored"));
+    EXPECT_EQ(simple->NoItems(), vINT(0));
+    EXPECT_EQ(simple->Search(vSTRING("ignored")), -1);
+    vDROPCOMBOBOX* editable = new vDROPCOMBOBOX(*parent, vCTRLID(43), 5, 0, vSIZE(0, 0), vRECT(10, 130, 160, 150));
+    EXPECT_EQ(GetWindowLongA((*editable)(), GWL_STYLE) & CBS_DROPDOWNLIST, static_cast<LONG>(CBS_DROPDOWN));
+    EXPECT_EQ(editable->vDropDown(), 0);
+}
+
+// Opened and closed by real clicks; the choice reaches the list's hook with the index 0, since the list's number is
+// asked of a combo box, then the parent's vCommand.
+TEST_F(ComboBox, AClickDropsTheListAndAChoiceClosesIt) {
+    DROP* drop = new DROP(*parent, 4, 0);
+    for (const char* item : {"red", "green", "blue"})
+        drop->Append(vSTRING("%s", item), nullptr);
+    drop->Show();
+    PumpFor(100);
+    POINT field = {60, 8};
+    ClientToScreen(drop->Handle(), &field);
+    Click(field);
+    EXPECT_TRUE(drop->Dropped());
+    RECT box;
+    GetWindowRect(drop->Handle(), &box);
+    Log().clear();
+    Click(POINT{box.left + 50, box.bottom + 1 + 16 * 2 + 8});
+    EXPECT_FALSE(drop->Dropped());
+    EXPECT_EQ(SendMessageA(drop->Handle(), CB_GETCURSEL, 0, 0), 2);
+    EXPECT_EQ(Taken({"parent.WM_COMMAND(41,9)", "drop.", "parent.vCommand("}),
+              (Lines{"parent.WM_COMMAND(41,9)", "drop.vSelectionChange(0)", "parent.vCommand(41)"}));
 }
 
 }  // namespace
