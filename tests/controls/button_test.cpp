@@ -6,7 +6,7 @@ using namespace controltest;
 
 namespace {
 
-// The buttons: push buttons with a text or a face, bit buttons, repeat keys and toggles.
+// Push buttons with a text or a face, and bit buttons.
 
 // A button that notes each state change and each drawing, and that lets the test give it the extra faces an application
 // may give.
@@ -172,117 +172,6 @@ TEST_F(ButtonTest, EachStateShowsItsFace) {
         EXPECT_TRUE(!keyShows || shot.Count(Key) == 0);
         DestroyWindow((*bitbut)());
     }
-}
-
-// A face needs a margin of 3 all round; the base library holds no bitmap of the number New is given, and the button is
-// made all the same, empty and of the smallest size.
-TEST_F(ButtonTest, ABitButtonIsResizedOnlyWhenTheFaceDoesNotFitAndDefaultWhenAsked) {
-    wintest::Watched().insert(DM_SETDEFID);
-    vBITMAP plain(Face(Plain));
-    BITBUT* kept = new BITBUT(*parent, vCTRLID(7), plain, vRECT(0, 0, 22, 22));
-    BITBUT* grown = new BITBUT(*parent, vCTRLID(8), plain, vRECT(0, 0, 22, 21), 1);
-    vCTRLID id(9);
-    vRESID missing(32099, vSYSTEM::Pointer());
-    vCONTROL* empty = vBITBUT::New(*parent, id, missing);
-    const struct { HWND window; long width, height; LONG kind; } rows[] = {
-        {(*kept)(), 22, 22, BS_PUSHBUTTON}, {(*grown)(), 28, 28, BS_DEFPUSHBUTTON},
-        {(*empty)(), 12, 12, BS_PUSHBUTTON}};
-    for (const auto& row : rows) {
-        RECT client;
-        GetClientRect(row.window, &client);
-        EXPECT_EQ(std::vector<long>({client.right, client.bottom}), std::vector<long>({row.width, row.height}));
-        EXPECT_EQ(GetWindowLongA(row.window, GWL_STYLE) & 0xF, row.kind);
-    }
-    EXPECT_EQ(kept->flags & WINF_ERASE, 0);
-    EXPECT_EQ(Only("default"), Lines({"parent default " + std::to_string(DM_SETDEFID)}));
-    EXPECT_STREQ(empty->Text()(), "");
-    ShowPainted((*empty)());
-}
-
-// A repeat key that notes each timer tick it gets.
-class REPEATKEY : public vREPEATKEY {
-public:
-    using vREPEATKEY::vREPEATKEY;
-    int vTimer(const vRESID& id) override {
-        Note("key.vTimer");
-        return vREPEATKEY::vTimer(id);
-    }
-};
-
-// Held down, a key made as a bit button commands its parent again and again: the first message after the press arms the
-// timer, every tick sends a command with the handle's low word and arms it again. The platform's own click on release
-// comes last, with the whole handle.
-TEST_F(ButtonTest, ARepeatKeyHeldDownCommandsTheParentAgainAndAgain) {
-    vBITMAP face(Face(Plain));
-    REPEATKEY* key = new REPEATKEY(*parent, vCTRLID(7), face, vRECT(20, 20, 70, 60));
-    HWND window = (*key)();
-    ShowPainted(window);
-    Hold(window, 25, 20, 700);
-    size_t held = parent->senders.size() - 1;
-    ASSERT_GE(held, 2u);
-    std::vector<LPARAM> sent(held, LOWORD(window));
-    sent.push_back(reinterpret_cast<LPARAM>(window));
-    EXPECT_EQ(parent->senders, sent);
-    EXPECT_EQ(Only("vTimer").size(), held);
-    EXPECT_EQ(Only("WM_COMMAND"), Lines(held + 1, "parent.WM_COMMAND(7,0)"));
-}
-
-// The grey of the lines that show a toggle held in.
-const COLORREF Recess = RGB(127, 127, 127);
-
-class TOGGLE : public vTOGGLEBTN {
-public:
-    using vTOGGLEBTN::vTOGGLEBTN;
-    // recessed, tracking, pressed, toggled, and whether it holds the capture.
-    std::vector<long> State() const { return {recessed, tracking, pressed, toggled, ::GetCapture() == hWnd}; }
-};
-
-// One toggle through the mouse's inputs; each row starts where the row above ended. Presses alternate between two
-// points, so that only the last press pairs with the one before it into a double click. Once the button is let go it
-// shows the lasting state, pressed in or out. The platform's button never sees a click, so the parent hears no command;
-// a dialog without a data block changes nothing; and, after a first one, the toggle's life leaves no GDI object.
-TEST_F(ButtonTest, TheMouseFlipsAToggleOnlyByAReleaseStrictlyInside) {
-    enum INPUTKIND { MOVE, DOWN, UP };
-    const POINT left = {30, 15}, right = {70, 15}, edge = {0, 15}, away = {150, 15};
-    const struct { const char* what; INPUTKIND input; POINT at; std::vector<long> state; } rows[] = {
-        {"press inside", DOWN, left, {1, 1, 1, 0, 1}},
-        {"move out", MOVE, away, {0, 1, 0, 0, 1}},
-        {"move back in", MOVE, right, {1, 1, 1, 0, 1}},
-        {"release inside", UP, right, {0, 0, 1, 1, 0}},
-        {"press when toggled", DOWN, right, {1, 1, 1, 1, 1}},
-        {"move onto the edge", MOVE, edge, {0, 1, 1, 1, 1}},
-        {"release on the edge", UP, edge, {0, 0, 1, 1, 0}},
-        {"press again", DOWN, left, {1, 1, 1, 1, 1}},
-        {"release inside", UP, left, {0, 0, 0, 0, 0}},
-        {"second press of a double click", DOWN, left, {0, 1, 1, 0, 1}},
-        {"its release", UP, left, {0, 0, 1, 1, 0}},
-    };
-    HWND warm = (*new TOGGLE(*parent, vCTRLID(8), vSTRING("Warm"), vRECT(0, 0, 9, 9)))();
-    ShowPainted(warm);
-    DestroyWindow(warm);
-    wintest::Pump();
-    unsigned long objects = zktest::LiveGdiObjects();
-    TOGGLE* toggle = new TOGGLE(*parent, vCTRLID(7), vSTRING("Bold"), vRECT(20, 20, 120, 50));
-    toggle->SetupView(nullptr, 0);
-    ShowPainted((*toggle)());
-    Log().clear();
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.what);
-        MouseTo((*toggle)(), row.at.x, row.at.y);
-        if (row.input != MOVE)
-            Mouse(row.input == DOWN ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_LEFTUP);
-        PumpFor(60);
-        EXPECT_EQ(toggle->State(), row.state);
-        zktest::Pixels shot = Shot((*toggle)());
-        ASSERT_TRUE(shot.Read());
-        EXPECT_EQ(shot.At(2, 15) == Recess, row.state[0] == 1) << "the recess lines";
-        shot.Save(std::string("togglebtn-") + (row.state[0] ? "recessed" : row.state[3] ? "toggled" : "out"));
-    }
-    EXPECT_EQ(Only("WM_COMMAND"), Lines{});
-    EXPECT_STREQ(toggle->Text()(), "Bold");
-    DestroyWindow((*toggle)());
-    wintest::Pump();
-    EXPECT_EQ(zktest::LiveGdiObjects(), objects);
 }
 
 }  // namespace
