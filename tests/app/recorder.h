@@ -99,7 +99,11 @@ public:
              unsigned short childId = 0)
         : vWIN(parent, rect, style, static_cast<vCLASSID>(1)), name(name) { Create(childId); SetID(childId); }
     // Adopts a window that exists, binding and subclassing it at once.
-    RECORDER(HWND window, const std::string& name) : vWIN(window, vRESID()), name(name) { BindInstance(window), SubClass(); }
+    RECORDER(HWND window, const std::string& name) : vWIN(window, vRESID()), name(name)
+    {
+        BindInstance(window);
+        SubClass();
+    }
     ~RECORDER() override { Note(name + ".~RECORDER"); }
 
     using vWIN::flags, vWIN::Instance, vWIN::isDragging, vWIN::pDepends, vWIN::pfnOldProc, vWIN::updateFlags;
@@ -120,9 +124,15 @@ public:
     int vCommandHint(const vCTRLID& id) override { return Reply("vCommandHint", std::to_string(id), 0); }
     int vTimer(const vRESID& id) override { return Reply("vTimer", std::to_string(id()), 0); }
     int vReleaseFocus(vWIN* next) override { return Reply("vReleaseFocus", next ? Named(next) : "null", 0); }
-    int vFunctionKey(unsigned short n) override { return Reply("vFunctionKey", std::to_string(n), vWIN::vFunctionKey(n)); }
+    int vFunctionKey(unsigned short n) override
+    {
+        return Reply("vFunctionKey", std::to_string(n), vWIN::vFunctionKey(n));
+    }
     int vCharacterKey(const vCHAR& c) override { return Reply("vCharacterKey", std::string(1, c()), 0); }
-    void vDragFeedback(unsigned char state, const vPOINT& at) override { Reply("vDragFeedback", std::to_string(state) + "," + Text(at), 0); }
+    void vDragFeedback(unsigned char state, const vPOINT& at) override
+    {
+        Reply("vDragFeedback", std::to_string(state) + "," + Text(at), 0);
+    }
     int vDraw(const vRECT& area) override { return Reply("vDraw", Text(area), 0); }
     ZK_HEAR(vIconize) ZK_HEAR(vActivate) ZK_HEAR(vDeactivate) ZK_HEAR(vSettingChange) ZK_HEAR(vGetFocus)
     ZK_HEAR(vScrollPageUp) ZK_HEAR(vScrollPageDown) ZK_HEAR(vScrollPageLeft) ZK_HEAR(vScrollPageRight)
@@ -139,7 +149,11 @@ public:
 protected:
     int vEraseBkg() override { return Note(name + ".vEraseBkg()"), vWIN::vEraseBkg(); }
 private:
-    static std::string Named(vWIN* win) { return dynamic_cast<RECORDER*>(win) ? static_cast<RECORDER*>(win)->name : "?"; }
+    static std::string Named(vWIN* win)
+    {
+        RECORDER* recorder = dynamic_cast<RECORDER*>(win);
+        return recorder ? recorder->name : "?";
+    }
     void Create(unsigned short childId)
     {
         lstrcpyA(CreateParams.szClassName, "ZKRECORD");

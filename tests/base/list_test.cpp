@@ -33,15 +33,19 @@ TEST_F(ListTest, AppendPrependAndRemoveKeepTheChainAndEnds)
     unsigned long blocks = vMemLiveBlocks();
     {
         fLIST list;
-        EXPECT_TRUE(list.IsEmpty() && !list.Next(nullptr) && !list.Prev(nullptr) && !list.First() && list.Remove(a) == 0);
+        EXPECT_TRUE(list.IsEmpty() && !list.Next(nullptr) && !list.Prev(nullptr) && !list.First());
+        EXPECT_EQ(list.Remove(a), 0);
         list.Append(b);
         EXPECT_EQ(Walk(list), Objects{&b});
-        list.Prepend(a), list.Append(c), list.Append(a);
+        list.Prepend(a);
+        list.Append(c);
+        list.Append(a);
         EXPECT_TRUE(vMemLiveBlocks() == blocks + 4 && list.NoItems() == 4);
         EXPECT_EQ(Walk(list), (Objects{&a, &b, &c, &a}));
         vOBJECT twin = a;
         EXPECT_TRUE(list.Search(a) && !list.Search(twin) && !list.Remove(twin));
-        EXPECT_TRUE(list.Remove(a) == 1 && list.Remove(a) == 1 && vMemLiveBlocks() == blocks + 2 && list.Remove(c) == 1);
+        EXPECT_TRUE(list.Remove(a) == 1 && list.Remove(a) == 1 && vMemLiveBlocks() == blocks + 2);
+        EXPECT_EQ(list.Remove(c), 1);
         EXPECT_EQ(Walk(list), Objects{&b});
         EXPECT_TRUE(list.First() == &b && list.Last() == &b);
         list.Append(c);

@@ -5,8 +5,7 @@ using wintest::RECORDER;
 
 namespace {
 
-// A dialog that reports its handlers and answers for its MsgHandler where
-// the test asks.
+// A dialog that reports its handlers and answers for its MsgHandler where the test asks.
 class PLAIN : public vDIALOG {
 public:
     template <class PARENT>
@@ -66,7 +65,8 @@ TEST_F(DialogTest, InitMakesAndFillsTheControlsOfTheMapAndFocusesTheOneItNames)
         EXPECT_EQ(dialog->Init(), row.answer);
         EXPECT_EQ(Only({"New", "SetupView"}), row.calls);
         EXPECT_TRUE(IsWindowVisible(window));
-        EXPECT_EQ(GetFocus(), row.focused ? GetDlgItem(window, row.focused) : (*unnamed)()) << "identifier 0 is a name too";
+        EXPECT_EQ(GetFocus(), row.focused ? GetDlgItem(window, row.focused) : (*unnamed)())
+            << "identifier 0 is a name too";
         if (row.nameByHand) {
             EXPECT_EQ(dialog->Child(vCTRLID(NAME_ITEM)), byHand);
         }
@@ -77,9 +77,8 @@ TEST_F(DialogTest, InitMakesAndFillsTheControlsOfTheMapAndFocusesTheOneItNames)
     }
 }
 
-// A message straight to the dialog procedure: whether the object answers 7,
-// and what the procedure then returns; the platform reads it as data only
-// for some messages.
+// A message straight to the dialog procedure: whether the object answers 7, and what the procedure then returns; the
+// platform reads it as data only for some messages.
 TEST_F(DialogTest, TheDialogProcedureReturnsDataOnlyWhereThePlatformReadsIt)
 {
     const struct {
@@ -100,9 +99,8 @@ TEST_F(DialogTest, TheDialogProcedureReturnsDataOnlyWhereThePlatformReadsIt)
     DestroyWindow((*dialog)());
 }
 
-// A command from a control: what the control, vClick and vCommand hear. OK
-// and Cancel hand the activation to the top window, and a click on an
-// existing one posts a close.
+// A command from a control: what the control, vClick and vCommand hear. OK and Cancel hand the activation to the top
+// window, and a click on an existing one posts a close.
 TEST_F(DialogTest, CommandsReachTheControlThenVClickThenVCommand)
 {
     const struct {

@@ -18,7 +18,9 @@ using wintest::Log;
 using wintest::Note;
 
 // The templates of dialogs_tests.rc and their items.
-enum : unsigned short { ENTRY_TEMPLATE = 100, NAME_ITEM = 101, NUMBER_ITEM = 102, NOTE_ITEM = 103, HUGE_TEMPLATE = 200, PAGE_TEMPLATE = 300 };
+enum : unsigned short {
+    ENTRY_TEMPLATE = 100, NAME_ITEM = 101, NUMBER_ITEM = 102, NOTE_ITEM = 103, HUGE_TEMPLATE = 200, PAGE_TEMPLATE = 300
+};
 
 // The application's data block.
 struct ENTRY {
@@ -47,7 +49,11 @@ public:
         else
             lstrcpyA(CreateParams.szClassName, "edit"), CreateWin();
     }
-    static vCONTROL* New(vWIN& parent, vCTRLID& id, vRESID&) { return Note("New(" + Number(id) + ")"), new FIELD(parent, id); }
+    static vCONTROL* New(vWIN& parent, vCTRLID& id, vRESID&)
+    {
+        Note("New(" + Number(id) + ")");
+        return new FIELD(parent, id);
+    }
     void Notification(long code) override { Note(Name() + ".Notification(" + Number(code) + ")"); }
     void SetupView(char* at, unsigned short size) override
     {
@@ -57,7 +63,8 @@ public:
     void UpdateView(const vCTRLID&) override
     {
         if (value)
-            SetWindowTextA(hWnd, GetID() == vCTRLID(NAME_ITEM) ? value : Number(*reinterpret_cast<long*>(value)).c_str());
+            SetWindowTextA(hWnd,
+                           GetID() == vCTRLID(NAME_ITEM) ? value : Number(*reinterpret_cast<long*>(value)).c_str());
     }
     void UpdateData(void* data) override
     {
@@ -93,9 +100,8 @@ inline vRECT PlaceIn(HWND window, HWND other)
     return vRECT(box.left, box.top, box.right, box.bottom);
 }
 
-// Every dialog test has an application of its own and a record the dialog
-// shows. A test that fails half-way may leave a dialog active or a window
-// disabled; neither may reach the next test.
+// Every dialog test has an application of its own and a record the dialog shows. A test that fails half-way may leave a
+// dialog active or a window disabled; neither may reach the next test.
 class DialogTest : public apptest::FrameTest {
 protected:
     void TearDown() override
@@ -124,8 +130,7 @@ inline void RunModal(vDIALOG& dialog)
     KillTimer(nullptr, timer);
 }
 
-// Queues a press and release of each key, then a click in the middle of
-// the window, if one is given.
+// Queues a press and release of each key, then a click in the middle of the window, if one is given.
 inline void Input(const std::vector<WORD>& keys, HWND window = nullptr)
 {
     std::vector<INPUT> inputs;
@@ -150,7 +155,8 @@ inline Lines Only(const Lines& parts)
 {
     Lines kept;
     for (const std::string& line : Log())
-        if (std::any_of(parts.begin(), parts.end(), [&](const std::string& part) { return line.find(part) != std::string::npos; }))
+        if (std::any_of(parts.begin(), parts.end(),
+                        [&](const std::string& part) { return line.find(part) != std::string::npos; }))
             kept.push_back(line);
     return kept;
 }

@@ -4,8 +4,7 @@ using namespace dlgtest;
 
 namespace {
 
-// The application's entry dialog: it takes the edits' values into its
-// record on OK, and reports every step of the way.
+// The application's entry dialog: it takes the edits' values into its record on OK, and reports every step of the way.
 class ENTRYDIALOG : public fSTDDIALOG {
 public:
     ENTRYDIALOG(const vAPP& app, ENTRY* data, unsigned short style = STD_OK | STD_CANCEL | STD_HELP, int modal = 0)
@@ -70,9 +69,8 @@ TEST_F(StdDialogTest, OnlyOKTakesTheTypedValuesIntoTheRecord)
     }
 }
 
-// The column as the style word asks for it: each button's top, or -1 for
-// none, in the order OK, Cancel, Help; the default and focused button. The
-// gap below Cancel is wider than the one below OK.
+// The column as the style word asks for it: each button's top, or -1 for none, in the order OK, Cancel, Help; the
+// default and focused button. The gap below Cancel is wider than the one below OK.
 TEST_F(StdDialogTest, TheStyleWordLaysOutTheColumn)
 {
     const struct {
@@ -98,7 +96,8 @@ TEST_F(StdDialogTest, TheStyleWordLaysOutTheColumn)
             EXPECT_EQ(buttons[at] != nullptr, row.tops[at] >= 0) << ids[at];
             if (!button)
                 continue;
-            EXPECT_EQ(PlaceIn(button, window), dialog->LPtoDP(vRECT(right - 50, row.tops[at], right, row.tops[at] + 14)));
+            const long top = row.tops[at];
+            EXPECT_EQ(PlaceIn(button, window), dialog->LPtoDP(vRECT(right - 50, top, right, top + 14)));
             EXPECT_EQ((GetWindowLongA(button, GWL_STYLE) & 0xF) == BS_DEFPUSHBUTTON, ids[at] == row.focused) << ids[at];
         }
         if (row.focused) {
@@ -114,7 +113,8 @@ TEST_F(StdDialogTest, TheButtonsSpeakTheApplicationsLanguage)
     const struct {
         unsigned short language;
         const char* texts[3];
-    } rows[] = {{2057, {"OK", "Cancel", "&Help"}}, {1031, {"OK", "Abbrechen", "&Hilfe"}}, {1036, {"OK", "Annuler", "&Aide"}}};
+    } rows[] = {{2057, {"OK", "Cancel", "&Help"}}, {1031, {"OK", "Abbrechen", "&Hilfe"}},
+                {1036, {"OK", "Annuler", "&Aide"}}};
     for (const auto& row : rows) {
         app->Language(row.language);
         ENTRYDIALOG* dialog = new ENTRYDIALOG(*app, &data);
@@ -158,8 +158,7 @@ TEST_F(StdDialogTest, ALongerReplacementWidensTheDialogAndTheWholeColumn)
     }
 }
 
-// Up to three buttons stand in rows below the column; the block of rows is
-// the dialog's, the buttons stay the caller's.
+// Up to three buttons stand in rows below the column; the block of rows is the dialog's, the buttons stay the caller's.
 TEST_F(StdDialogTest, AddedButtonsStandInThreeRowsBelowTheColumn)
 {
     ENTRYDIALOG* dialog = new ENTRYDIALOG(*app, &data);
@@ -170,7 +169,8 @@ TEST_F(StdDialogTest, AddedButtonsStandInThreeRowsBelowTheColumn)
         vRECT before = PlaceIn((*extra)(), window);
         long top = 70 + 22 * row;
         EXPECT_EQ(dialog->AddButton(*extra, row), row < 3) << row;
-        EXPECT_EQ(PlaceIn((*extra)(), window), row < 3 ? dialog->LPtoDP(vRECT(right - 50, top, right, top + 14)) : before);
+        vRECT placed = row < 3 ? dialog->LPtoDP(vRECT(right - 50, top, right, top + 14)) : before;
+        EXPECT_EQ(PlaceIn((*extra)(), window), placed) << row;
         EXPECT_TRUE(row == 3 || (GetWindowLongA((*extra)(), GWL_STYLE) & WS_VISIBLE));
     }
     DestroyWindow(window);

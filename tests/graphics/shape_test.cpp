@@ -8,7 +8,10 @@ namespace {
 using ShapeTest = zktest::LeakFreeTest;
 using Ints = std::vector<long>;
 
-int Flags(const vBEZPOINT& point) { return point.First() | point.Last() | point.LineTo() | point.CurveTo() | point.Control(); }
+int Flags(const vBEZPOINT& point)
+{
+    return point.First() | point.Last() | point.LineTo() | point.CurveTo() | point.Control();
+}
 
 // Each point's x, y and flags (first 1, last 2, line 8, curve 16, control
 // 32), then the bounding box and whether the shape is closed.
@@ -22,21 +25,20 @@ Ints Path(const vSHAPE& shape)
     return path;
 }
 
-// A rectangle is four straight sides clockwise from the top left; an
-// ellipse four quarter arcs clockwise from the right middle, the control
-// points k/2 (0.2761) of the width and height from the middles, floored.
+// A rectangle is four straight sides clockwise from the top left; an ellipse four quarter arcs clockwise from the right
+// middle, the control points k/2 (0.2761) of the width and height from the middles, floored.
 TEST_F(ShapeTest, RectanglesAndEllipsesAreClosedPathsClockwise)
 {
-    EXPECT_EQ(Path(vRECTSHAPE(vRECT(10, 20, 110, 70))), Ints({10, 20, 9, 110, 20, 8, 110, 70, 8, 10, 70, 10, 10, 20, 110, 70, 1}));
+    EXPECT_EQ(Path(vRECTSHAPE(vRECT(10, 20, 110, 70))),
+              Ints({10, 20, 9, 110, 20, 8, 110, 70, 8, 10, 70, 10, 10, 20, 110, 70, 1}));
     EXPECT_EQ(Path(vELPSSHAPE(vRECT(0, 0, 200, 100))),
-              Ints({200, 50, 1, 200, 77, 32, 155, 100, 32, 100, 100, 16, 45, 100, 32, 0, 77, 32, 0, 50, 16, 0, 23, 32, 45, 0, 32,
-                    100, 0, 16, 155, 0, 32, 200, 23, 32, 200, 50, 18, 0, 0, 200, 100, 1}));
+              Ints({200, 50, 1, 200, 77, 32, 155, 100, 32, 100, 100, 16, 45, 100, 32, 0, 77, 32, 0, 50, 16,
+                    0, 23, 32, 45, 0, 32, 100, 0, 16, 155, 0, 32, 200, 23, 32, 200, 50, 18, 0, 0, 200, 100, 1}));
     EXPECT_EQ(Path(vRECTSHAPE()), Ints({0, 0, 9, 0, 0, 8, 0, 0, 8, 0, 0, 10, 0, 0, 0, 0, 1}));
 }
 
-// Points keep their order and flags and widen the box, which stands at the
-// shape's own address; the last point says whether the shape is closed;
-// copies are deep, and a path holds 65535 points at most.
+// Points keep their order and flags and widen the box, which stands at the shape's own address; the last point says
+// whether the shape is closed; copies are deep, and a path holds 65535 points at most.
 TEST_F(ShapeTest, AppendedPointsKeepTheirOrderAndWidenTheBox)
 {
     vSHAPE shape;

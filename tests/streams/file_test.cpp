@@ -15,10 +15,9 @@ protected:
     vSTRING name{"%s", path.c_str()};
 };
 
-// Small writes wait in the buffer; the file sees them on a move, a read or
-// the close. A move past the end is told by the status and a write there
-// still extends the file. A copy writes to the same file through its own
-// buffer with a clean status; reopening starts again at the beginning.
+// Small writes wait in the buffer; the file sees them on a move, a read or the close. A move past the end is told by
+// the status and a write there still extends the file. A copy writes to the same file through its own buffer with a
+// clean status; reopening starts again at the beginning.
 TEST_F(FileTest, SmallWritesWaitInTheBufferUntilTheFileIsNeeded)
 {
     vFILE file(name, vSTREAM_CREATE);
@@ -52,9 +51,8 @@ TEST_F(FileTest, SmallWritesWaitInTheBufferUntilTheFileIsNeeded)
     EXPECT_EQ(file.Status(), vSTREAM_END);
 }
 
-// Reads come from a block read ahead; a write or a move in the middle of it
-// lands where the reader stands, not where the platform has read to. Blocks
-// larger than the buffer go straight through, behind what was waiting.
+// Reads come from a block read ahead; a write or a move in the middle of it lands where the reader stands, not where
+// the platform has read to. Blocks larger than the buffer go straight through, behind what was waiting.
 TEST_F(FileTest, ReadingAheadNeverShowsInPositionsWritesOrMoves)
 {
     const unsigned long longs = 10000;

@@ -46,9 +46,8 @@ TEST_F(MemStreamTest, MovesClampToTheEndAndOnlyAMoveFromTheStartClearsIt)
     EXPECT_EQ(block, nullptr);
 }
 
-// Growth writes the moved block's address through the caller's pointer; a
-// borrowed or empty block cannot grow. Whatever the block held past the
-// end, a write beyond it fills the gap with zeros.
+// Growth writes the moved block's address through the caller's pointer; a borrowed or empty block cannot grow. Whatever
+// the block held past the end, a write beyond it fills the gap with zeros.
 TEST_F(MemStreamTest, OnlyAnOwningStreamGrowsItsBlockAndFillsTheGapsWithZeros)
 {
     unsigned char* block = static_cast<unsigned char*>(vMemAlloc(4));

@@ -21,10 +21,8 @@ protected:
     IStream* platform = zktest::EmptyPlatformStream();
 };
 
-// A read that cannot be filled answers 0 and leaves both positions and the
-// status as they were; a move the platform refuses leaves the position.
-// The stream takes no reference of its own, and a copy carries on where
-// its source stood.
+// A read that cannot be filled answers 0 and leaves both positions and the status as they were; a move the platform
+// refuses leaves the position. The stream takes no reference of its own, and a copy carries on where its source stood.
 TEST_F(OleStreamTest, TakesSizeAndPositionFromThePlatformAndKeepsThemThroughFailures)
 {
     ULONG before = References();

@@ -8,8 +8,7 @@ namespace {
 
 using zktest::Bytes;
 
-// An address as wide as the platform's pointer whose bytes, least
-// significant first, count 1, 2, 3 and on.
+// An address as wide as the platform's pointer whose bytes, least significant first, count 1, 2, 3 and on.
 vOBJECT* const Token = reinterpret_cast<vOBJECT*>(sizeof(void*) == 8 ? 0x0807060504030201ull : 0x04030201ull);
 const Bytes TokenBytes = sizeof(void*) == 8 ? Bytes{1, 2, 3, 4, 5, 6, 7, 8} : Bytes{1, 2, 3, 4};
 
@@ -21,12 +20,16 @@ const struct {
     Bytes bytes;
     std::function<bool(vSTREAM&)> readsBack;
 } Primitives[] = {
-    {"UWord", [](vSTREAM& s) { return s.WriteUWord(0xBEEF); }, {0xEF, 0xBE}, [](vSTREAM& s) { return s.ReadUWord() == 0xBEEF; }},
+    {"UWord", [](vSTREAM& s) { return s.WriteUWord(0xBEEF); }, {0xEF, 0xBE},
+     [](vSTREAM& s) { return s.ReadUWord() == 0xBEEF; }},
     {"UByte", [](vSTREAM& s) { return s.WriteUByte(0xA5); }, {0xA5}, [](vSTREAM& s) { return s.ReadUByte() == 0xA5; }},
-    {"SLong", [](vSTREAM& s) { return s.WriteSLong(-2); }, {0xFE, 0xFF, 0xFF, 0xFF}, [](vSTREAM& s) { return s.ReadSLong() == -2; }},
-    {"SWord", [](vSTREAM& s) { return s.WriteSWord(-300); }, {0xD4, 0xFE}, [](vSTREAM& s) { return s.ReadSWord() == -300; }},
+    {"SLong", [](vSTREAM& s) { return s.WriteSLong(-2); }, {0xFE, 0xFF, 0xFF, 0xFF},
+     [](vSTREAM& s) { return s.ReadSLong() == -2; }},
+    {"SWord", [](vSTREAM& s) { return s.WriteSWord(-300); }, {0xD4, 0xFE},
+     [](vSTREAM& s) { return s.ReadSWord() == -300; }},
     {"SByte", [](vSTREAM& s) { return s.WriteSByte(-128); }, {0x80}, [](vSTREAM& s) { return s.ReadSByte() == -128; }},
-    {"Pointer", [](vSTREAM& s) { return s.WritePointer(Token); }, TokenBytes, [](vSTREAM& s) { return s.ReadPointer() == Token; }},
+    {"Pointer", [](vSTREAM& s) { return s.WritePointer(Token); }, TokenBytes,
+     [](vSTREAM& s) { return s.ReadPointer() == Token; }},
     {"ByteString", [](vSTREAM& s) { return s.WriteByteString(reinterpret_cast<const unsigned char*>("ABC")); },
      {'A', 'B', 'C'}, [](vSTREAM& s) { return s.ReadUWord() == 0x4241 && s.ReadUByte() == 'C'; }},
     {"Block", [](vSTREAM& s) { return s.WriteBlock(Bytes{0, 0xFF, 7}.data(), 3); }, {0, 0xFF, 7}, [](vSTREAM& s) {
@@ -81,8 +84,7 @@ TYPED_TEST(StreamKinds, AReadPastTheEndAnswersZeroAndAReadWithoutABufferTakesNot
     EXPECT_EQ(stream.ReadPointer(), nullptr);
 }
 
-// Each move sees the state the one before left; a write in the middle
-// overwrites without growing.
+// Each move sees the state the one before left; a write in the middle overwrites without growing.
 TYPED_TEST(StreamKinds, MovesCountFromTheStartTheCurrentPlaceAndBackFromTheEnd)
 {
     TypeParam kind;
@@ -92,8 +94,10 @@ TYPED_TEST(StreamKinds, MovesCountFromTheStartTheCurrentPlaceAndBackFromTheEnd)
     const struct {
         std::function<unsigned long(vSTREAM&)> move;
         unsigned long position;
-    } moves[] = {{[](vSTREAM& s) { return s.MoveFromStart(10); }, 10}, {[](vSTREAM& s) { return s.MoveFromCur(5); }, 15},
-                 {[](vSTREAM& s) { return s.MoveFromCur(-15); }, 0},   {[](vSTREAM& s) { return s.MoveFromEnd(10); }, 90},
+    } moves[] = {{[](vSTREAM& s) { return s.MoveFromStart(10); }, 10},
+                 {[](vSTREAM& s) { return s.MoveFromCur(5); }, 15},
+                 {[](vSTREAM& s) { return s.MoveFromCur(-15); }, 0},
+                 {[](vSTREAM& s) { return s.MoveFromEnd(10); }, 90},
                  {[](vSTREAM& s) { return s.MoveFromEnd(0); }, 100}};
     for (const auto& move : moves) {
         EXPECT_EQ(move.move(stream), move.position);
