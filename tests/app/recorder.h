@@ -56,8 +56,7 @@ inline std::string Placed(HWND window)
     return Text(vRECT(box.left, box.top, box.right, box.bottom));
 }
 
-// The class procedure of the recording windows: what the library leaves to
-// the default processing arrives here.
+// The class procedure of the recording windows: what the library leaves to the default processing arrives here.
 inline LRESULT CALLBACK RecordingDefault(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
     WCHAR wide[64] = L"";
@@ -90,9 +89,8 @@ inline void Pump()
 #define ZK_HEAR(handler) int handler() override { return Reply(#handler, "", 0); }
 #define ZK_HEAR_AT(handler) int handler(const vPOINT& at) override { return Reply(#handler, Text(at), 0); }
 
-// A window that records every handler call with its arguments and answers
-// what the test asks of it, or the library's default. It creates its own
-// platform window of the recording class, as a derived class may.
+// A window that records every handler call with its arguments and answers what the test asks of it, or the library's
+// default. It creates its own platform window of the recording class, as a derived class may.
 class RECORDER : public vWIN {
 public:
     RECORDER(const vWIN& parent, const vRECT& rect, const std::string& name, vWNDFLAGS style = WF_NONE,
@@ -169,9 +167,8 @@ private:
     std::map<std::string, int> answers;
 };
 
-// The top-level popup under which the tests make their windows, adopted by
-// a recorder. It lives as long as the program: the platform takes seconds to
-// let an active window go, so it is made once and only hidden between suites.
+// The top-level popup under which the tests make their windows, adopted by a recorder. It lives as long as the program:
+// the platform takes seconds to let an active window go, so it is made once and only hidden between suites.
 inline RECORDER& SharedTop()
 {
     alignas(RECORDER) static unsigned char storage[sizeof(RECORDER)];
@@ -183,9 +180,8 @@ inline RECORDER& SharedTop()
     return *top;
 }
 
-// Every test starts with the classes registered, the process-wide objects
-// that are made on first use made already, the shared top-level window shown
-// and active, and an empty log; it leaves the top-level window as it found it.
+// Every test starts with the classes registered, the process-wide objects that are made on first use made already, the
+// shared top-level window shown and active, and an empty log; it leaves the top-level window as it found it.
 class WindowTest : public zktest::LeakFreeTest {
 protected:
     static void SetUpTestSuite()
