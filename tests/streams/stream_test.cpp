@@ -60,12 +60,10 @@ TYPED_TEST(StreamKinds, EveryPrimitiveGoesLeastSignificantByteFirstWithNothingBe
         EXPECT_EQ(kind.stream.CurrentPos(), expected.size()) << primitive.name;
     }
     EXPECT_EQ(kind.Stored(), expected);
-    EXPECT_EQ(kind.stream.Size(), expected.size());
-    EXPECT_EQ(kind.stream.MoveFromStart(0), 0UL);
+    EXPECT_TRUE(kind.stream.Size() == expected.size() && kind.stream.MoveFromStart(0) == 0);
     for (const auto& primitive : Primitives)
         EXPECT_TRUE(primitive.readsBack(kind.stream)) << primitive.name;
-    EXPECT_TRUE(kind.stream.AtEnd());
-    EXPECT_EQ(kind.stream.Status(), vSTREAM_GOOD);
+    EXPECT_TRUE(kind.stream.AtEnd() && kind.stream.Status() == vSTREAM_GOOD);
 }
 
 // A primitive that the stream cannot give whole answers 0, whatever of it
@@ -77,12 +75,10 @@ TYPED_TEST(StreamKinds, AReadPastTheEndAnswersZeroAndAReadWithoutABufferTakesNot
     stream << static_cast<unsigned short>(0xFFFF) << static_cast<unsigned char>(0xFF);
     stream.MoveFromStart(0);
     EXPECT_EQ(stream.ReadByteString(nullptr, 2) + stream.CurrentPos(), 0UL);
-    EXPECT_EQ(stream.ReadULong(), 0UL);
-    EXPECT_EQ(stream.Status(), TypeParam::afterShortRead);
+    EXPECT_TRUE(stream.ReadULong() == 0 && stream.Status() == TypeParam::afterShortRead);
     stream.MoveFromStart(3);
     unsigned char buffer[4] = {9, 9, 9, 9};
-    EXPECT_EQ(stream.ReadByteString(buffer, 4), 0);
-    EXPECT_EQ(stream.ReadUByte() + stream.ReadSWord(), 0);
+    EXPECT_TRUE(stream.ReadByteString(buffer, 4) == 0 && stream.ReadUByte() + stream.ReadSWord() == 0);
     EXPECT_EQ(stream.ReadPointer(), nullptr);
 }
 
@@ -102,17 +98,14 @@ TYPED_TEST(StreamKinds, MovesCountFromTheStartTheCurrentPlaceAndBackFromTheEnd)
                  {[](vSTREAM& s) { return s.MoveFromEnd(10); }, 90},
                  {[](vSTREAM& s) { return s.MoveFromEnd(0); }, 100}};
     for (const auto& move : moves) {
-        EXPECT_EQ(move.move(stream), move.position);
-        EXPECT_EQ(stream.CurrentPos(), move.position);
+        EXPECT_TRUE(move.move(stream) == move.position && stream.CurrentPos() == move.position) << move.position;
         EXPECT_EQ(stream.AtEnd(), move.position == 100 ? 1 : 0) << move.position;
     }
     stream.MoveFromStart(42);
     EXPECT_EQ(stream.ReadUByte(), 42);
     stream.MoveFromStart(2);
     stream.WriteUWord(0xABCD);
-    EXPECT_EQ(stream.CurrentPos(), 4UL);
-    EXPECT_EQ(stream.Size(), 100UL);
-    EXPECT_EQ(stream.Status(), vSTREAM_GOOD);
+    EXPECT_TRUE(stream.CurrentPos() == 4 && stream.Size() == 100 && stream.Status() == vSTREAM_GOOD);
     Bytes stored = kind.Stored();
     EXPECT_EQ(Bytes(stored.begin(), stored.begin() + 5), (Bytes{0, 1, 0xCD, 0xAB, 4}));
 }
@@ -167,21 +160,18 @@ TEST_F(MemStreamTest, OnlyAnOwningStreamGrowsItsBlockAndFillsTheGapsWithZeros)
     EXPECT_EQ(fifth, 5UL) << "the caller's pointer follows";
     vMEMSTREAM fresh, view(fresh);
     view.WriteULong(0x09090909);  // old bytes past the end, in the shared block
-    EXPECT_EQ(fresh.MoveFromEnd(-3), 3UL);
-    EXPECT_EQ(fresh.WriteBlock(block, 0), 0UL);
+    EXPECT_TRUE(fresh.MoveFromEnd(-3) == 3 && fresh.WriteBlock(block, 0) == 0);
     EXPECT_EQ(fresh.Size(), 0UL) << "an empty block fills no gap";
     fresh.WriteUByte(8);
     Bytes read(4);
     fresh.MoveFromStart(0);
-    EXPECT_EQ(fresh.ReadByteString(read.data(), 4), 4);
-    EXPECT_EQ(read, (Bytes{0, 0, 0, 8}));
+    EXPECT_TRUE(fresh.ReadByteString(read.data(), 4) == 4 && read == (Bytes{0, 0, 0, 8}));
     unsigned char fixed[4] = {1, 2, 3, 4};
     unsigned char* borrowedBlock = fixed;
     unsigned char* none = nullptr;
     vMEMSTREAM borrowed(&borrowedBlock, 4, vSTRING(), 0, 0), empty(&none, 0, vSTRING(), 1, 0);
     borrowed.MoveFromStart(2);
-    EXPECT_EQ(borrowed.WriteUWord(0x0909) + borrowed.WriteUByte(5) + empty.WriteUByte(1), 2);
-    EXPECT_EQ(fixed[3], 9);
+    EXPECT_TRUE(borrowed.WriteUWord(0x0909) + borrowed.WriteUByte(5) + empty.WriteUByte(1) == 2 && fixed[3] == 9);
     EXPECT_EQ(borrowed.Status() + empty.Status(), 2 * vSTREAM_WRITEFAIL);
 }
 
@@ -210,22 +200,17 @@ TEST_F(OleStreamTest, TakesSizeAndPositionFromThePlatformAndKeepsThemThroughFail
     vOLESTREAM stream(&platform, vSTRING("part"), 0);
     EXPECT_EQ(stream.Size() * 100 + stream.CurrentPos(), 1004UL);
     EXPECT_EQ(stream.ReadULong(), 0x07060504UL);
-    EXPECT_EQ(stream.ReadULong(), 0UL);
-    EXPECT_EQ(stream.CurrentPos(), 8UL);
-    EXPECT_EQ(stream.Status(), vSTREAM_GOOD);
+    EXPECT_TRUE(stream.ReadULong() == 0 && stream.CurrentPos() == 8 && stream.Status() == vSTREAM_GOOD);
     EXPECT_EQ(stream.ReadUByte(), 8) << "the platform's position was given back";
     EXPECT_EQ(stream.MoveFromCur(-11), 9UL);
     {
         vOLESTREAM copy(stream);
         EXPECT_EQ(copy.Size() * 100 + copy.CurrentPos(), 1009UL);
-        EXPECT_EQ(copy.ReadUByte(), 9);
-        EXPECT_TRUE(copy.AtEnd());
-        EXPECT_EQ(References(), before);
+        EXPECT_TRUE(copy.ReadUByte() == 9 && copy.AtEnd() && References() == before);
     }
     EXPECT_EQ(stream.MoveFromEnd(3), 7UL);
     stream.MoveFromEnd(0);
-    EXPECT_EQ(stream.WriteULong(1), 4);
-    EXPECT_EQ(stream.Size(), 14UL);
+    EXPECT_TRUE(stream.WriteULong(1) == 4 && stream.Size() == 14);
     STATSTG about;
     platform->Stat(&about, STATFLAG_NONAME);
     EXPECT_EQ(about.cbSize.LowPart, 14UL);
