@@ -146,8 +146,7 @@ TEST_F(SystemTest, AssertionBreaksShowsOneBoxAndAborts)
 TEST_F(SystemTest, ModuleBuffersAndRegisteredMessages)
 {
     HMODULE library = GetModuleHandleA("zkcore.dll");
-    ASSERT_NE(vSYSTEM::Pointer(), nullptr);
-    EXPECT_EQ(vSYSTEM::Pointer()->GetInstance(), library);
+    ASSERT_TRUE(vSYSTEM::Pointer() && vSYSTEM::Pointer()->GetInstance() == library);
     EXPECT_TRUE(vSYSTEM::GetBuffer() != vSYSTEM::GetLocalBuffer() && vSYSTEM::BufferSize >= 512u);
     char path[MAX_PATH];
     GetModuleFileNameA(library, path, MAX_PATH);
@@ -161,8 +160,7 @@ TEST_F(SystemTest, ModuleBuffersAndRegisteredMessages)
 // was asked for, shows its texts first. Complaints live on the shared allocator.
 TEST_F(SystemTest, ExceptionsComplainOnceArmed)
 {
-    EXPECT_EQ(vSYSTEMACCESS::NewFailureException(1 << 20), 0);
-    EXPECT_EQ(vSYSTEM::GetExceptionFlag(), 1);
+    EXPECT_TRUE(vSYSTEMACCESS::NewFailureException(1 << 20) == 0 && vSYSTEM::GetExceptionFlag() == 1);
     unsigned long blocks = vMemLiveBlocks();
     DEFEXCEP* complaint = new DEFEXCEP;
     complaint->CaptionText();
@@ -176,8 +174,7 @@ TEST_F(SystemTest, ExceptionsComplainOnceArmed)
     zktest::BoxWatcher watcher("Memory Test Caption", IDOK);
     complaint->Raise(nullptr);
     EXPECT_EQ(watcher.Text(), "Close some windows, please.");
-    EXPECT_EQ(vSYSTEM::GetExceptionFlag(), 0);
-    EXPECT_EQ(vMemLiveBlocks(), blocks + 1);
+    EXPECT_TRUE(vSYSTEM::GetExceptionFlag() == 0 && vMemLiveBlocks() == blocks + 1);
     delete complaint;
 }
 
@@ -270,18 +267,15 @@ TEST_F(AppTableTest, AnApplicationIsWalkedFromRegistrationWithWindowsToUnregistr
     HWND frame = MakeWindow(), client = MakeWindow();
     size_t before = WalkTable().size();
     vSYSTEMACCESS::RegisterApp(FakeApp(1), nullptr, nullptr, nullptr);
-    EXPECT_EQ(vSYSTEM::ActiveApp(), FakeApp(1));
-    EXPECT_EQ(WalkTable().size(), before);
+    EXPECT_TRUE(vSYSTEM::ActiveApp() == FakeApp(1) && WalkTable().size() == before);
     vSYSTEMACCESS::RegisterApp(FakeApp(1), GetModuleHandleA(nullptr), frame, client);
     unsigned short steps = 0;
     std::vector<Walked> walked = WalkTable(&steps);
-    ASSERT_EQ(walked.size(), before + 1);
-    ASSERT_NE(Find(walked, frame), nullptr);
+    ASSERT_TRUE(walked.size() == before + 1 && Find(walked, frame));
     EXPECT_TRUE(Find(walked, frame)->instance == GetModuleHandleA(nullptr) && Find(walked, frame)->client == client);
     EXPECT_GE(steps, walked.size());
     vSYSTEMACCESS::UnregisterApp(FakeApp(1));
-    EXPECT_EQ(vSYSTEM::ActiveApp(), nullptr);
-    EXPECT_EQ(Find(WalkTable(), frame), nullptr);
+    EXPECT_TRUE(vSYSTEM::ActiveApp() == nullptr && Find(WalkTable(), frame) == nullptr);
     DestroyWindow(frame), DestroyWindow(client);
 }
 
@@ -314,8 +308,7 @@ TEST_F(AppTableTest, OtherProgramsAreWalkedWholeAndForgottenWhenTheyEnd)
                 ++sightings;
                 torn += entry.client != (entry.frame == first ? second : first);
             }
-    EXPECT_GT(sightings, 0);
-    EXPECT_EQ(torn, 0);
+    EXPECT_TRUE(sightings > 0 && torn == 0) << sightings << " sightings, " << torn << " torn";
     EXPECT_EQ(child.Wait(), 0u);
     EXPECT_TRUE(!Find(WalkTable(), first) && !Find(WalkTable(), second));
     AppTable* table = AppTable::Shared();

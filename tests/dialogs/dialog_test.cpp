@@ -217,9 +217,8 @@ TEST_F(DialogTest, InitMakesAndFillsTheControlsOfTheMapAndFocusesTheOneItNames)
         FIELD* byHand = row.nameByHand ? new FIELD(*dialog, vCTRLID(NAME_ITEM)) : nullptr;
         FIELD* unnamed = new FIELD(*dialog, vCTRLID(0), vRECT(1, 1, 40, 12));
         Log().clear();
-        EXPECT_EQ(dialog->Init(), row.answer);
+        EXPECT_TRUE(dialog->Init() == row.answer && IsWindowVisible(window));
         EXPECT_EQ(Only({"New", "SetupView"}), row.calls);
-        EXPECT_TRUE(IsWindowVisible(window));
         EXPECT_EQ(GetFocus(), row.focused ? GetDlgItem(window, row.focused) : (*unnamed)())
             << "identifier 0 is a name too";
         if (row.nameByHand) {
@@ -331,8 +330,7 @@ TEST_F(DialogTest, MakeModalDisablesTheTopOfTheParentChainAndMakeModelessEnables
     PLAIN* dialog = new PLAIN(*holder, Template(PAGE_TEMPLATE));
     HWND window = (*dialog)();
     dialog->MakeModal();
-    EXPECT_EQ(dialog->IsModal(), 1);
-    EXPECT_FALSE(IsWindowEnabled(Top()()));
+    EXPECT_TRUE(dialog->IsModal() == 1 && !IsWindowEnabled(Top()()));
     EXPECT_TRUE(IsWindowEnabled((*holder)()) && IsWindowEnabled(frame));
     dialog->MakeModeless();
     EXPECT_TRUE(IsWindowEnabled(Top()()) && !dialog->IsModal());
@@ -359,8 +357,7 @@ TEST_F(DialogTest, CentreStaysOnTheScreenAndLetsTheTopLeftWin)
     PLAIN* huge = new PLAIN(*app, Template(HUGE_TEMPLATE));
     huge->Centre();
     box = PlaceIn((*huge)(), nullptr);
-    EXPECT_GT(box.Width()(), GetSystemMetrics(SM_CXSCREEN));
-    EXPECT_EQ(box.Left()() * 1000 + box.Top()(), 0);
+    EXPECT_TRUE(box.Width()() > GetSystemMetrics(SM_CXSCREEN) && box.Left()() == 0 && box.Top()() == 0);
     DestroyWindow((*huge)());
 }
 
@@ -413,19 +410,15 @@ TEST_F(StdDialogTest, OnlyOKTakesTheTypedValuesIntoTheRecord)
         ENTRYDIALOG* dialog = new ENTRYDIALOG(*app, &data, STD_OK | STD_CANCEL | STD_HELP, 1);
         dialog->Init();
         HWND window = (*dialog)();
-        EXPECT_EQ(GetFocus(), GetDlgItem(window, NAME_ITEM));
-        EXPECT_FALSE(IsWindowEnabled(frame));
+        EXPECT_TRUE(GetFocus() == GetDlgItem(window, NAME_ITEM) && !IsWindowEnabled(frame));
         SendMessageA(GetDlgItem(window, NAME_ITEM), EM_SETSEL, 0, -1);
         Input(row.keys, row.button ? GetDlgItem(window, row.button) : nullptr);
         Input(row.then);
         Log().clear();
         RunModal(*dialog);
         EXPECT_EQ(Only({"vClick", "fOK", "fCancel", "fHelp", "Close", "~", "UpdateData", "watchdog"}), row.steps);
-        EXPECT_STREQ(data.name, row.left.name);
-        EXPECT_EQ(data.number, row.left.number);
-        EXPECT_FALSE(IsWindow(window));
-        EXPECT_TRUE(IsWindowEnabled(frame));
-        EXPECT_EQ(vAPPACCESS::ActiveDialog(), nullptr);
+        EXPECT_TRUE(std::string(data.name) == row.left.name && data.number == row.left.number);
+        EXPECT_TRUE(!IsWindow(window) && IsWindowEnabled(frame) && vAPPACCESS::ActiveDialog() == nullptr);
     }
 }
 
@@ -452,8 +445,8 @@ TEST_F(StdDialogTest, TheStyleWordLaysOutTheColumn)
         vBUTTON* buttons[] = {dialog->GetOK(), dialog->GetCancel(), dialog->GetHelp()};
         for (int at = 0; at < 3; ++at) {
             HWND button = GetDlgItem(window, ids[at]);
-            EXPECT_EQ(button != nullptr, row.tops[at] >= 0) << ids[at];
-            EXPECT_EQ(buttons[at] != nullptr, row.tops[at] >= 0) << ids[at];
+            EXPECT_TRUE((button != nullptr) == (row.tops[at] >= 0) && (buttons[at] != nullptr) == (row.tops[at] >= 0))
+                << ids[at];
             if (!button)
                 continue;
             const long top = row.tops[at];
@@ -461,8 +454,8 @@ TEST_F(StdDialogTest, TheStyleWordLaysOutTheColumn)
             EXPECT_EQ((GetWindowLongA(button, GWL_STYLE) & 0xF) == BS_DEFPUSHBUTTON, ids[at] == row.focused) << ids[at];
         }
         if (row.focused) {
-            EXPECT_EQ(LOWORD(SendMessageA(window, DM_GETDEFID, 0, 0)), row.focused);
-            EXPECT_EQ(GetFocus(), GetDlgItem(window, row.focused));
+            EXPECT_TRUE(LOWORD(SendMessageA(window, DM_GETDEFID, 0, 0)) == row.focused &&
+                        GetFocus() == GetDlgItem(window, row.focused));
         }
         DestroyWindow(window);
     }
@@ -498,9 +491,7 @@ TEST_F(StdDialogTest, ALongerReplacementWidensTheDialogAndTheWholeColumn)
         vBUTTON* replacement = new vBUTTON(*dialog, vCTRLID(1), vSTRING(text), vRECT(0, 0, 0, 0));
         long width = std::max<long>(50, dialog->GetCurFontDetail()->GetDefStringWidth(vSTRING(text))() + 8);
         dialog->ReplaceOK(*replacement);
-        EXPECT_EQ(dialog->GetOK(), replacement);
-        EXPECT_TRUE(IsWindow((*old)()));
-        EXPECT_EQ(dialog->buttonWidth, width);
+        EXPECT_TRUE(dialog->GetOK() == replacement && IsWindow((*old)()) && dialog->buttonWidth == width);
         EXPECT_EQ(dialog->Size().Width(), before + dialog->LHtoDH(width - 50));
         vINT right = dialog->ClientSize().Right() - 5;
         vRECT own = PlaceIn((*replacement)(), window);
