@@ -180,9 +180,8 @@ TEST(LanguageTest, EachLanguageHasItsBlockOfTexts)
     }
     EXPECT_EQ(cascades.size(), 5u);
     EXPECT_TRUE(vSTRING::LanguageOffset(1040) == 0 && vSTRING::LanguageOffset(0) == 0);
-    using Texts = std::vector<std::string>;
-    EXPECT_EQ(Texts({Load(31021, 1031), Load(31106, 1031), Load(31022, 1036), Load(31019, 1053)}),
-              Texts({"\xDC" "ber&lappend", "\xD6" "ffnen", "&Mosa\xEFque", "&Hj\xE4lp"}));
+    EXPECT_EQ(std::vector<std::string>({Load(31021, 1031), Load(31106, 1031), Load(31022, 1036), Load(31019, 1053)}),
+              std::vector<std::string>({"\xDC" "ber&lappend", "\xD6" "ffnen", "&Mosa\xEFque", "&Hj\xE4lp"}));
 }
 
 }  // namespace

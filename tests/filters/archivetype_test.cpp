@@ -51,13 +51,12 @@ TEST(ArchiveCatTest, SettersAddTheirFlagAndEqualityComparesTheFlags)
         {[](vARCHIVECAT& c) { c.Bitmap(); c.Text(); }, {1, 0, 1, 1}},
         {[](vARCHIVECAT& c) { c.Text(); c.Metafile(); c.Bitmap(); }, {1, 1, 1, 1}}};
     for (const auto& row : rows) {
-        vARCHIVECAT category, twice;
-        for (vARCHIVECAT* each : {&category, &twice, &twice})
+        vARCHIVECAT kind, twice;
+        for (vARCHIVECAT* each : {&kind, &twice, &twice})
             row.first(*each);
-        const std::vector<int> flags = {category.IsText(), category.IsMetafile(), category.IsBitmap(), category.IsPicture()};
-        EXPECT_EQ(flags, row.second);
-        EXPECT_TRUE(category == twice);
-        EXPECT_EQ(category == vARCHIVECAT(), &row == rows);
+        EXPECT_EQ(std::vector<int>({kind.IsText(), kind.IsMetafile(), kind.IsBitmap(), kind.IsPicture()}), row.second);
+        EXPECT_TRUE(kind == twice);
+        EXPECT_EQ(kind == vARCHIVECAT(), &row == rows);
     }
 }
 

@@ -53,11 +53,10 @@ TEST(FillSpecTest, TypesGroupEveryFieldComparesAndTheStreamFormIsInOrder)
         spec.Type(static_cast<vFILLTYPE>(group[0]));
         EXPECT_EQ(Ints({group[0], spec.Hatched(), spec.GemBrush()}), group);
     }
-    ExpectEquality<vFILLSPEC>(sample, {{[](vFILLSPEC& s) { s.Colour(vCOLOUR(0, 2, 3)); }, 0},
-                                       {[](vFILLSPEC& s) { s.ColourTo(vCOLOUR()); }, 0},
-                                       {[](vFILLSPEC& s) { s.Type(vFILL_HOLLOW); }, 0},
-                                       {[](vFILLSPEC& s) { s.Angle(vANGLE(46.0)); }, 0},
-                                       {[](vFILLSPEC& s) { s.Mode(vFILL_ALTERNATE); }, 0}});
+    ExpectEquality<vFILLSPEC>(sample, {
+        {[](vFILLSPEC& s) { s.Colour(vCOLOUR(0, 2, 3)); }, 0}, {[](vFILLSPEC& s) { s.ColourTo(vCOLOUR()); }, 0},
+        {[](vFILLSPEC& s) { s.Type(vFILL_HOLLOW); }, 0},       {[](vFILLSPEC& s) { s.Angle(vANGLE(46.0)); }, 0},
+        {[](vFILLSPEC& s) { s.Mode(vFILL_ALTERNATE); }, 0}});
     EXPECT_TRUE(sample != vFILLSPEC(vFILL_SOLID, vCOLOUR(), vCOLOUR(), vANGLE(), vFILL_WINDING) && !(sample != sample));
     StreamBytes bytes = zktest::StreamForm(sample);
     EXPECT_EQ(bytes, StreamBytes({1, 2, 3, 0, 0, 100, 0, 0, 4, 5, 6, 0, 0, 100, 0, 0,
@@ -104,12 +103,10 @@ TEST(FontSpecTest, TheHeightModeChoosesTheFieldAndEveryFieldButTheAngleCompares)
     const vFONTSPEC sample(vSTRING("Arial"), vFONT_BOLD, 8, vREAL(0), 100, vFONT_POINTS, vANGLE());
     const vFONTSPEC pixels(vSTRING("Arial"), vFONT_BOLD, 8, vREAL(0), 100, vFONT_PIXELS, vANGLE());
     EXPECT_EQ(Ints({sample.Pixels(), pixels.Pixels(), vFONTSPEC().Pixels()}), Ints({0, 1, 1}));
-    ExpectEquality<vFONTSPEC>(sample, {{[](vFONTSPEC& s) { s.Angle(vANGLE(short(90))); }, 1},
-                                       {[](vFONTSPEC& s) { s.Name(vSTRING("Helv")); }, 0},
-                                       {[](vFONTSPEC& s) { s.Style(vFONT_NORMAL); }, 0},
-                                       {[](vFONTSPEC& s) { s.PointSize(9); }, 0},
-                                       {[](vFONTSPEC& s) { s.Height(8); }, 0},
-                                       {[](vFONTSPEC& s) { s.Expansion(vREAL(1)); }, 0}});
+    ExpectEquality<vFONTSPEC>(sample, {
+        {[](vFONTSPEC& s) { s.Angle(vANGLE(short(90))); }, 1}, {[](vFONTSPEC& s) { s.Name(vSTRING("Helv")); }, 0},
+        {[](vFONTSPEC& s) { s.Style(vFONT_NORMAL); }, 0},      {[](vFONTSPEC& s) { s.PointSize(9); }, 0},
+        {[](vFONTSPEC& s) { s.Height(8); }, 0},                {[](vFONTSPEC& s) { s.Expansion(vREAL(1)); }, 0}});
 }
 
 }  // namespace

@@ -48,72 +48,64 @@ const unsigned char TwoOnTwoOff[6] = {2, 2};
 // A drawing on a fresh black memory device: its ink's box (if given), pixels, how many of a colour.
 const struct {
     const char* what;
-    std::function<void(vMEMDEVICE&)> draw;
     Ints ink;
     Spots spots;
     COLORREF counted;
     int least, most;
+    std::function<void(vMEMDEVICE&)> draw;
 } Drawings[] = {
     {"an outline covers its left and top edges, not its right and bottom ones; a fresh device fills nothing",
-     [](vMEMDEVICE& d) { d.LineSpec(Line(Red, 1)); d.DrawRect(vRECT(10, 10, 30, 20)); },
-     {10, 10, 30, 20}, {{{20, 15}, Black}}, Red, 56, 56},
-    {"a fill without a pen covers what the outline does",
-     [](vMEMDEVICE& d) { Solid(d, Blue); d.DrawRect(vRECT(10, 10, 30, 20)); }, {10, 10, 30, 20}, {}, Blue, 200, 200},
-    {"a wide outline stays inside the rectangle",
-     [](vMEMDEVICE& d) { d.LineSpec(Line(Red, 4)); d.DrawRect(vRECT(10, 10, 50, 50)); },
-     {10, 10, 50, 50}, {{{13, 30}, Red}, {{14, 30}, Black}}, Red, 1, 576},
+     {10, 10, 30, 20}, {{{20, 15}, Black}}, Red, 56, 56,
+     [](vMEMDEVICE& d) { d.LineSpec(Line(Red, 1)); d.DrawRect(vRECT(10, 10, 30, 20)); }},
+    {"a fill without a pen covers what the outline does", {10, 10, 30, 20}, {}, Blue, 200, 200,
+     [](vMEMDEVICE& d) { Solid(d, Blue); d.DrawRect(vRECT(10, 10, 30, 20)); }},
+    {"a wide outline stays inside the rectangle", {10, 10, 50, 50}, {{{13, 30}, Red}, {{14, 30}, Black}}, Red, 1, 576,
+     [](vMEMDEVICE& d) { d.LineSpec(Line(Red, 4)); d.DrawRect(vRECT(10, 10, 50, 50)); }},
     {"lines leave out their last point, poly-lines visit every point, and a line is as thick as it is wide",
+     {}, {{{10, 20}, Green}, {{40, 30}, Green}, {{40, 40}, Black}, {{70, 57}, Black},
+          {{70, 58}, Green}, {{70, 62}, Green}, {{70, 63}, Black}}, Green, 1, 9999,
      [](vMEMDEVICE& d) {
          d.LineSpec(Line(Green, 1));
          d.DrawLine(vINT(3), vPOINT(10, 20), vPOINT(40, 20), vPOINT(40, 40));
          d.LineSpec(Line(Green, 5));
          d.DrawLine(vPOINT(50, 60), vPOINT(90, 60));
-     },
-     {}, {{{10, 20}, Green}, {{40, 30}, Green}, {{40, 40}, Black}, {{70, 57}, Black},
-          {{70, 58}, Green}, {{70, 62}, Green}, {{70, 63}, Black}}, Green, 1, 9999},
-    {"a dash pattern of two on and two off is as much on as off",
-     [](vMEMDEVICE& d) {
+     }},
+    {"a dash pattern of two on and two off is as much on as off", {}, {}, Red, 46, 54, [](vMEMDEVICE& d) {
          d.LineSpec(Line(Red, 1, vDASH_PATTERN, TwoOnTwoOff));
          d.DrawLine(vPOINT(0, 20), vPOINT(100, 20));
-     },
-     {}, {}, Red, 46, 54},
+     }},
     {"a pie fills its wedge anticlockwise from the first ray",
-     [](vMEMDEVICE& d) { Solid(d, Blue); d.DrawPie(vRECT(0, 0, 80, 80), vPOINT(80, 40), vPOINT(40, 0)); },
-     {}, {{{55, 25}, Blue}, {{25, 25}, Black}, {{55, 55}, Black}}, Blue, 1, 1600},
+     {}, {{{55, 25}, Blue}, {{25, 25}, Black}, {{55, 55}, Black}}, Blue, 1, 1600,
+     [](vMEMDEVICE& d) { Solid(d, Blue); d.DrawPie(vRECT(0, 0, 80, 80), vPOINT(80, 40), vPOINT(40, 0)); }},
     {"a shape is filled, then outlined along its path",
+     {10, 10, 41, 41}, {{{10, 10}, Red}, {{40, 40}, Red}, {{10, 25}, Red}, {{11, 25}, Blue}}, Blue, 1, 900,
      [](vMEMDEVICE& d) {
          d.LineSpec(Line(Red, 1));
          d.FillSpec(Fill(Blue));
          d.DrawShape(vRECTSHAPE(vRECT(10, 10, 40, 40)));
-     },
-     {10, 10, 41, 41}, {{{10, 10}, Red}, {{40, 40}, Red}, {{10, 25}, Red}, {{11, 25}, Blue}}, Blue, 1, 900},
+     }},
     {"the alternate rule leaves the overlap of two contours empty",
-     [](vMEMDEVICE& d) { Solid(d, Blue); d.DrawShape(Overlapping()); },
-     {10, 10, 70, 70}, {{{20, 20}, Blue}, {{40, 40}, Black}}, Blue, 1, 3200},
-    {"the winding rule fills it",
-     [](vMEMDEVICE& d) { Solid(d, Blue, vFILL_WINDING); d.DrawShape(Overlapping()); },
-     {10, 10, 70, 70}, {{{40, 40}, Blue}}, Blue, 1, 3200},
-    {"a hatch leaves the background between its lines",
-     [](vMEMDEVICE& d) { d.FillSpec(Fill(Green, vFILL_HATCH_CROSS)); d.DrawRect(vRECT(0, 0, 40, 40)); },
-     {}, {}, Green, 1, 799},
-    {"with two logical units to a pixel, drawing lands where the conversion says",
-     [](vMEMDEVICE& d) { Halves(d, 4); Solid(d, White); d.DrawRect(vRECT(3, 3, 9, 9)); },
-     {1, 1, 5, 5}, {}, White, 16, 16},
+     {10, 10, 70, 70}, {{{20, 20}, Blue}, {{40, 40}, Black}}, Blue, 1, 3200,
+     [](vMEMDEVICE& d) { Solid(d, Blue); d.DrawShape(Overlapping()); }},
+    {"the winding rule fills it", {10, 10, 70, 70}, {{{40, 40}, Blue}}, Blue, 1, 3200,
+     [](vMEMDEVICE& d) { Solid(d, Blue, vFILL_WINDING); d.DrawShape(Overlapping()); }},
+    {"a hatch leaves the background between its lines", {}, {}, Green, 1, 799,
+     [](vMEMDEVICE& d) { d.FillSpec(Fill(Green, vFILL_HATCH_CROSS)); d.DrawRect(vRECT(0, 0, 40, 40)); }},
+    {"with two logical units to a pixel, drawing lands where the conversion says", {1, 1, 5, 5}, {}, White, 16, 16,
+     [](vMEMDEVICE& d) { Halves(d, 4); Solid(d, White); d.DrawRect(vRECT(3, 3, 9, 9)); }},
     {"a line's width is in logical units",
-     [](vMEMDEVICE& d) { Halves(d, 1); d.LineSpec(Line(Red, 2)); d.DrawLine(vPOINT(5, 20), vPOINT(40, 20)); },
-     {}, {{{50, 37}, Black}, {{50, 38}, Red}, {{50, 41}, Red}, {{50, 42}, Black}}, Red, 1, 9999},
-    {"a clip rectangle keeps drawing inside",
-     [](vMEMDEVICE& d) { d.ClipArea(vRECT(20, 30, 40, 70)); Solid(d, White); d.DrawRect(vRECT(0, 0, 100, 100)); },
-     {20, 30, 40, 70}, {}, White, 800, 800},
+     {}, {{{50, 37}, Black}, {{50, 38}, Red}, {{50, 41}, Red}, {{50, 42}, Black}}, Red, 1, 9999,
+     [](vMEMDEVICE& d) { Halves(d, 1); d.LineSpec(Line(Red, 2)); d.DrawLine(vPOINT(5, 20), vPOINT(40, 20)); }},
+    {"a clip rectangle keeps drawing inside", {20, 30, 40, 70}, {}, White, 800, 800,
+     [](vMEMDEVICE& d) { d.ClipArea(vRECT(20, 30, 40, 70)); Solid(d, White); d.DrawRect(vRECT(0, 0, 100, 100)); }},
     {"a clip ellipse cuts the corners",
-     [](vMEMDEVICE& d) {
+     {}, {{{40, 12}, White}, {{12, 12}, Black}, {{67, 67}, Black}, {{8, 40}, Black}, {{72, 40}, Black}},
+     White, 2601, 2999, [](vMEMDEVICE& d) {
          d.ClipArea(vELPSSHAPE(vRECT(10, 10, 70, 70)));
          Solid(d, White);
          d.DrawRect(vRECT(0, 0, 100, 100));
-     },
-     {}, {{{40, 12}, White}, {{12, 12}, Black}, {{67, 67}, Black}, {{8, 40}, Black}, {{72, 40}, Black}},
-     White, 2601, 2999},
-    {"exclusive or drawn twice leaves no trace",
+     }},
+    {"exclusive or drawn twice leaves no trace", {0, 0, 50, 100}, {}, RGB(200, 100, 50), 5000, 5000,
      [](vMEMDEVICE& d) {
          Solid(d, RGB(200, 100, 50));
          d.DrawRect(vRECT(0, 0, 50, 100));
@@ -125,8 +117,7 @@ const struct {
              d.DrawEllipse(vRECT(10, 30, 90, 70));
              d.DrawLine(vPOINT(0, 5), vPOINT(99, 95));
          }
-     },
-     {0, 0, 50, 100}, {}, RGB(200, 100, 50), 5000, 5000},
+     }},
 };
 
 class DeviceTest : public SurfaceTest {};
@@ -261,8 +252,7 @@ TEST_F(DeviceTest, UnitsConvertByTheirRoundingRules)
     EXPECT_FALSE(device().DisplayMode(vDISPLAY_SHADE, colour, 1, 0));
     EXPECT_TRUE(device().DisplayMode(vDISPLAY_NEAREST, colour, 0, 0) && colour == vCOLOUR(100, 50, 25))
         << "a deep device shows every colour";
-    EXPECT_EQ(device().LogUnitsPerVertInch()(), device().DevUnitsPerVertInch()());
-    EXPECT_GT(device().GetNoColours()(), 255);
+    EXPECT_TRUE(device().LogUnitsPerVertInch() == device().DevUnitsPerVertInch() && device().GetNoColours()() > 255);
     for (const auto& row : rows) {
         vMEMDEVICE fresh(vSIZE(10, 10));
         Halves(fresh, std::get<0>(row));
@@ -270,10 +260,7 @@ TEST_F(DeviceTest, UnitsConvertByTheirRoundingRules)
     }
 }
 
-vFONTSPEC Font(double expansion)
-{
-    return vFONTSPEC(vSTRING(), vFONT_BOLD, 20, vREAL(expansion), 100, vFONT_PIXELS, vANGLE());
-}
+vFONTSPEC Font() { return vFONTSPEC(vSTRING(), vFONT_BOLD, 20, vREAL(1), 100, vFONT_PIXELS, vANGLE()); }
 long Height(vDEVICE& device) { return (device.GetCurFontDetail()->Ascent() + device.GetCurFontDetail()->Descent())(); }
 
 // "HIH" 20 units high lies across the band from 20 to 60 as aligned and as wide as measured, centred from top to
@@ -281,12 +268,12 @@ long Height(vDEVICE& device) { return (device.GetCurFontDetail()->Ascent() + dev
 // cell starts at its point.
 TEST_F(DeviceTest, TextLiesAsAlignedAndMeasuresFollowTheSpecAndTheUnits)
 {
-    device().FontSpec(Font(1));
+    device().FontSpec(Font());
     const long width = device().GetCurFontDetail()->GetDefStringWidth(vSTRING("HIH"))();
     for (const auto& row :
          {std::make_pair(vTEXT_LEFT, 0L), {vTEXT_RIGHT, Side - width}, {vTEXT_CENTRE, (Side - width) / 2}}) {
         vMEMDEVICE fresh(vSIZE(Side, Side));
-        fresh.FontSpec(Font(1));
+        fresh.FontSpec(Font());
         fresh.LineSpec(Line(White, 1));
         fresh.Transparency(row.first != vTEXT_CENTRE);
         fresh.FillSpec(Fill(Blue));
@@ -421,10 +408,7 @@ TEST_F(DeviceTest, ContextAndWindowDevicesLeaveTheContextsAsTheyFoundThem)
 
 using ShapeTest = zktest::LeakFreeTest;
 
-int Flags(const vBEZPOINT& point)
-{
-    return point.First() | point.Last() | point.LineTo() | point.CurveTo() | point.Control();
-}
+int Flags(const vBEZPOINT& p) { return p.First() | p.Last() | p.LineTo() | p.CurveTo() | p.Control(); }
 
 // Each point's x, y and flags (first 1, last 2, line 8, curve 16, control
 // 32), then the bounding box and whether the shape is closed.
@@ -455,8 +439,7 @@ TEST_F(ShapeTest, RectanglesAndEllipsesAreClosedPathsClockwise)
 TEST_F(ShapeTest, AppendedPointsKeepTheirOrderAndWidenTheBox)
 {
     vSHAPE shape;
-    EXPECT_EQ(Path(shape), Ints({0, 0, 0, 0, 0}));
-    EXPECT_EQ(static_cast<const void*>(&shape.BoundBox()), static_cast<const void*>(&shape));
+    EXPECT_TRUE(Path(shape) == Ints({0, 0, 0, 0, 0}) && &shape.BoundBox() == static_cast<const void*>(&shape));
     shape.AppendPoint(vBEZPOINT(vPOINT(5, 5), 9));
     shape.AppendPoint(vBEZPOINT(vPOINT(-3, 9), 8));
     shape.AppendPoint(vBEZPOINT(vPOINT(2, -7), 10));
