@@ -47,9 +47,8 @@ namespace apptest {
 
 using wintest::Pump;
 
-// Destroys the frame, which deletes the application, and takes the quit
-// that the deletion leaves in the queue, so that the next test's loops and
-// boxes run.
+// Destroys the frame, which deletes the application, and takes the quit that the deletion leaves in the queue, so that
+// the next test's loops and boxes run.
 inline void End(HWND frame)
 {
     DestroyWindow(frame);
@@ -78,7 +77,9 @@ class FrameTest : public wintest::WindowTest {
 protected:
     void SetUp() override
     {
-        WindowTest::SetUp(), app = new vAPP(vSTRING("ZkTestFrame"), vSTRING("frame"), 0), frame = vAPPACCESS::Frame(*app);
+        WindowTest::SetUp();
+        app = new vAPP(vSTRING("ZkTestFrame"), vSTRING("frame"), 0);
+        frame = vAPPACCESS::Frame(*app);
     }
 
     void TearDown() override { End(frame); WindowTest::TearDown(); }

@@ -5,8 +5,7 @@ using namespace wintest;
 
 namespace {
 
-// An application that notes each handler call in the log and answers what
-// the test asks of it.
+// An application that notes each handler call in the log and answers what the test asks of it.
 class APPRECORDER : public vAPP {
 public:
     APPRECORDER(int mdi = 0) : vAPP(vSTRING("ZkRecorderFrame"), vSTRING("Recorder"), mdi) {}
@@ -38,7 +37,11 @@ class ApplicationTest : public WindowTest {
 protected:
     void Make(int mdi = 0) { app = new APPRECORDER(mdi); frame = vAPPACCESS::Frame(*app); }
     void TearDown() override { apptest::End(frame); WindowTest::TearDown(); }
-    LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) { return Log().clear(), SendMessageA(frame, message, wParam, lParam); }
+    LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0)
+    {
+        Log().clear();
+        return SendMessageA(frame, message, wParam, lParam);
+    }
 
     APPRECORDER* app = nullptr;
     HWND frame = nullptr;
@@ -73,9 +76,8 @@ TEST_F(ApplicationTest, TheFrameHoldsTheApplicationAndItsDestructionLeavesTheQui
     EXPECT_EQ(msg.message, static_cast<UINT>(WM_QUIT));
 }
 
-// The frame's messages, and the handler calls each must make. The Window
-// menu's commands arrange the documents and reach no handler; other
-// commands go to the active document first, and no further if it takes them.
+// The frame's messages, and the handler calls each must make. The Window menu's commands arrange the documents and
+// reach no handler; other commands go to the active document first, and no further if it takes them.
 TEST_F(ApplicationTest, FrameMessagesReachTheHandlersAsTheTableSays)
 {
     Make(1);
@@ -88,7 +90,9 @@ TEST_F(ApplicationTest, FrameMessagesReachTheHandlersAsTheTableSays)
     ASSERT_EQ(app->ActiveDocWin(), &document);
     vSYSTEM::SetFrameWindow(nullptr);
     const LPARAM hint = reinterpret_cast<LPARAM>(app->hint);
-    const struct { UINT message; WPARAM wParam; LPARAM lParam; Lines calls; LRESULT result; vMDIARRANGE arrange; } rows[] = {
+    const struct {
+        UINT message; WPARAM wParam; LPARAM lParam; Lines calls; LRESULT result; vMDIARRANGE arrange;
+    } rows[] = {
         {WM_SYSCOLORCHANGE, 0, 0, {"vSettingChange"}, 0, ARRANGE_TILE},
         {WM_WININICHANGE, SPI_SETNONCLIENTMETRICS, 0, {"vSettingChange"}, 0, ARRANGE_TILE},
         {WM_WININICHANGE, 0, 0, {}, 0, ARRANGE_TILE},
@@ -136,8 +140,7 @@ TEST_F(ApplicationTest, ClosingAsksTheApplication)
     EXPECT_EQ(Log(), (Lines{"vQueryClose", "~APPRECORDER"}));
 }
 
-// The loop keeps the keyboard state for every key, translates accelerators
-// and ends with the quit.
+// The loop keeps the keyboard state for every key, translates accelerators and ends with the quit.
 TEST_F(ApplicationTest, TheLoopFeedsTheKeyboardAndAcceleratorsAndEndsWithTheQuit)
 {
     Make();

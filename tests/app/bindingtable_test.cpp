@@ -5,8 +5,7 @@ using namespace wintest;
 
 namespace {
 
-// What the "this" property of a window says, read as the binding is written:
-// the object pointer in a local block.
+// What the "this" property of a window says, read as the binding is written: the object pointer in a local block.
 vWIN* PropertyInstance(HWND window)
 {
     HANDLE block = IsWindow(window) ? GetPropA(window, "this") : nullptr;
@@ -22,10 +21,9 @@ HWND HashedTo(unsigned slot, unsigned n = 0) { return HWND(UINT_PTR(((slot << 19
 
 vWIN* Object(unsigned n) { return reinterpret_cast<vWIN*>(UINT_PTR(0x1000 + n)); }
 
-// Windows come and go in numbers, so removals move the table's members
-// about; every live, dead, foreign or made-up handle, and every child
-// identifier, still gets the answer the property and the platform give,
-// and every end frees the binding's block.
+// Windows come and go in numbers, so removals move the table's members about; every live, dead, foreign or made-up
+// handle, and every child identifier, still gets the answer the property and the platform give, and every end frees the
+// binding's block.
 TEST_F(WindowTest, TheTableAlwaysAgreesWithThePropertyAndThePlatform)
 {
     std::vector<RECORDER*> live;

@@ -11,10 +11,9 @@ namespace {
 
 const long clientWidth = 600, clientHeight = 400;
 
-// A document of the tests' own class, which therefore creates its window
-// itself. The platform refuses to make a captioned window narrower than its
-// minimum tracking size; this one lets any size through, so that the
-// library's placing is seen as it is.
+// A document of the tests' own class, which therefore creates its window itself. The platform refuses to make a
+// captioned window narrower than its minimum tracking size; this one lets any size through, so that the library's
+// placing is seen as it is.
 class DOCUMENT : public vDOCWIN {
 public:
     DOCUMENT(const vAPP& app, const char* title)
@@ -31,8 +30,7 @@ protected:
     }
 };
 
-// Shares an amount out over the windows in order, the remainder of each
-// truncating division falling to the later ones.
+// Shares an amount out over the windows in order, the remainder of each truncating division falling to the later ones.
 Breadths Shares(long amount, size_t count)
 {
     Breadths shares;
@@ -46,9 +44,8 @@ long Frame(bool rows) { return GetSystemMetrics(rows ? SM_CYFRAME : SM_CXFRAME);
 // The breadths that fill the extent, one frame between neighbours.
 Breadths Filling(size_t count, bool rows, long extent) { return Shares(extent - long(count - 1) * Frame(rows), count); }
 
-// The outer frames hang one frame outside the client; each window is its
-// breadth plus two frames less one pixel, and the next starts one frame
-// after the last one's breadth.
+// The outer frames hang one frame outside the client; each window is its breadth plus two frames less one pixel, and
+// the next starts one frame after the last one's breadth.
 Lines Layout(const Breadths& breadths, bool rows, long across = 0)
 {
     long step = Frame(rows), pos = -step, side = Frame(!rows);
@@ -56,14 +53,14 @@ Lines Layout(const Breadths& breadths, bool rows, long across = 0)
     Lines rects;
     for (long breadth : breadths) {
         long end = pos + breadth + 2 * step - 1;
-        rects.push_back(rows ? Text(vRECT(-side, pos, across + side, end)) : Text(vRECT(pos, -side, end, across + side)));
+        rects.push_back(rows ? Text(vRECT(-side, pos, across + side, end))
+                             : Text(vRECT(pos, -side, end, across + side)));
         pos += breadth + step;
     }
     return rects;
 }
 
-// One shown frame with a client of a known size serves every test:
-// destroying a shown top-level window is slow.
+// One shown frame with a client of a known size serves every test: destroying a shown top-level window is slow.
 class MdiTest : public zktest::LeakFreeTest {
 protected:
     static void SetUpTestSuite()
@@ -79,8 +76,7 @@ protected:
     void SetUp() override { zktest::LeakFreeTest::SetUp(); app->ArrangeDocWins(ARRANGE_CASCADE); }
     void TearDown() override { Close(); zktest::LeakFreeTest::TearDown(); }
 
-    // Opens documents while no tiling is in force, so that only the
-    // arrangement under test places them.
+    // Opens documents while no tiling is in force, so that only the arrangement under test places them.
     static DOCS Open(size_t count)
     {
         for (size_t n = 0; n < count; ++n)
@@ -132,9 +128,8 @@ protected:
 vAPP* MdiTest::app = nullptr;
 DOCS MdiTest::documents;
 
-// A tiled window cannot be dragged by its caption, and of its frame only
-// the top edge reaches the library's frame dragging, which clears the drag
-// mark that the test leaves set; a window out of the tiling is not held.
+// A tiled window cannot be dragged by its caption, and of its frame only the top edge reaches the library's frame
+// dragging, which clears the drag mark that the test leaves set; a window out of the tiling is not held.
 TEST_F(MdiTest, ATiledWindowHoldsItsPlaceAgainstTheMouse)
 {
     const struct { vMDIARRANGE mode; UINT message; WPARAM hit; bool swallowed; } rows[] = {
@@ -153,9 +148,8 @@ TEST_F(MdiTest, ATiledWindowHoldsItsPlaceAgainstTheMouse)
     vWIN::fBorderDrag = 0;
 }
 
-// Rows and columns fill the client edge to edge, topmost window first; a
-// window closed leaves its breadth and its frame to the others; arranging
-// again fills afresh.
+// Rows and columns fill the client edge to edge, topmost window first; a window closed leaves its breadth and its frame
+// to the others; arranging again fills afresh.
 TEST_F(MdiTest, RowsAndColumnsPlaceEveryWindowToThePixel)
 {
     for (size_t count : {1u, 2u, 3u, 5u, 12u}) {
@@ -189,10 +183,9 @@ TEST_F(MdiTest, RowsAndColumnsPlaceEveryWindowToThePixel)
     }
 }
 
-// Only visible windows that are not minimised are tiled; with none the
-// mode is kept all the same. A window minimised under the tiling leaves it
-// and gives its breadth away; restored, it comes back at the head; one shown
-// under the tiling joins at the head with the size it has.
+// Only visible windows that are not minimised are tiled; with none the mode is kept all the same. A window minimised
+// under the tiling leaves it and gives its breadth away; restored, it comes back at the head; one shown under the
+// tiling joins at the head with the size it has.
 TEST_F(MdiTest, OnlyShownWindowsThatAreNotMinimisedAreTiled)
 {
     app->ArrangeDocWins(ARRANGE_ROWS);
@@ -219,9 +212,8 @@ TEST_F(MdiTest, OnlyShownWindowsThatAreNotMinimisedAreTiled)
     EXPECT_EQ(app->ActiveDocWin(), added);
 }
 
-// The user widens a tiled window: it keeps the width given, the windows on
-// each side share what is left, the remainder to those nearest it; a move
-// that keeps the breadth changes nothing.
+// The user widens a tiled window: it keeps the width given, the windows on each side share what is left, the remainder
+// to those nearest it; a move that keeps the breadth changes nothing.
 TEST_F(MdiTest, ResizingOneWindowSharesTheRestOnEachSide)
 {
     Open(5), app->ArrangeDocWins(ARRANGE_COLUMNS);

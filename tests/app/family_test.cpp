@@ -29,16 +29,16 @@ struct PROGRAM {
         for (DWORD deadline = GetTickCount() + 20000; GetTickCount() < deadline; Sleep(20)) {
             HWND frame = FindWindowA("ZkTwiceFrame", nullptr);
             DWORD owner = 0;
-            if (GetWindowThreadProcessId(frame, &owner), frame && owner == process.dwProcessId && IsWindowVisible(frame))
+            GetWindowThreadProcessId(frame, &owner);
+            if (frame && owner == process.dwProcessId && IsWindowVisible(frame))
                 return frame;
         }
         return nullptr;
     }
 };
 
-// A second start restores the iconic first and ends without a loop; the
-// kill message ends the first. A program takes its language from its
-// version resource.
+// A second start restores the iconic first and ends without a loop; the kill message ends the first. A program takes
+// its language from its version resource.
 TEST(FamilyTest, ASecondStartRestoresTheFirstAndEndsWithoutALoop)
 {
     PROGRAM first("iconic");
@@ -83,9 +83,8 @@ int Listener(const std::vector<std::string>&)
 }
 zktest::ChildEntry listener("palette-listener", Listener);
 
-// A program stores its command line when asked without a value; the palette
-// walk reaches the windows of every registered program, and the kill message
-// ends the other program's loop.
+// A program stores its command line when asked without a value; the palette walk reaches the windows of every
+// registered program, and the kill message ends the other program's loop.
 TEST(FamilyTest, APaletteChangeIsPostedToTheWindowsOfEveryProgram)
 {
     zktest::Child other("palette-listener", "one two");

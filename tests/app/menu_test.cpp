@@ -12,9 +12,8 @@ HMENU H(const vMENU& menu) { return vAPPACCESS::Handle(menu); }
 
 using MenuTest = zktest::LeakFreeTest;
 
-// Items are added, found, changed and removed by position, identifier or
-// label; positions outside the count give nothing, bitmap items are refused;
-// each change of state reports what it changed.
+// Items are added, found, changed and removed by position, identifier or label; positions outside the count give
+// nothing, bitmap items are refused; each change of state reports what it changed.
 TEST_F(MenuTest, ItemsAreFoundAndChangedInPlace)
 {
     vMENU menu, sub;
@@ -45,9 +44,8 @@ TEST_F(MenuTest, ItemsAreFoundAndChangedInPlace)
         EXPECT_TRUE((menu.*step.change)(0) == step.answer && menu.MenuState(0) == step.state) << step.state;
 }
 
-// The fixed Window and Help menus at the end of a bar are neither counted nor
-// passed; more fixed items than items wrap the count beyond any position, and
-// a lookup still ends.
+// The fixed Window and Help menus at the end of a bar are neither counted nor passed; more fixed items than items wrap
+// the count beyond any position, and a lookup still ends.
 TEST_F(MenuTest, FixedItemsAtTheEndAreNotTheProgramsItems)
 {
     vMENU bar, window, help, file;
@@ -89,8 +87,7 @@ TEST_F(MenuBarTest, TheBarEndsInTheFixedMenusAndFollowsTheFrame)
     EXPECT_EQ((app->ClearMenuBar(), GetMenu(frame)), nullptr);
 }
 
-// Where the menu stood on the screen while it was up; the menu loop's timer
-// reads it and ends the menu.
+// Where the menu stood on the screen while it was up; the menu loop's timer reads it and ends the menu.
 RECT shown;
 
 void CALLBACK NoteAndEnd(HWND, UINT, UINT_PTR timer, DWORD)

@@ -6,9 +6,8 @@ using namespace wintest;
 
 namespace {
 
-// One message sent to the window under test: the answers its handlers give,
-// the calls it must make, and whether the message then reaches the default
-// processing or comes back with the result given.
+// One message sent to the window under test: the answers its handlers give, the calls it must make, and whether the
+// message then reaches the default processing or comes back with the result given.
 struct ROW { const char* what; UINT message; WPARAM wParam; LPARAM lParam; std::map<std::string, int> answers;
              Lines calls; bool toDefault; LRESULT result; };
 
@@ -152,7 +151,8 @@ TEST_F(DispatchTest, KeysAreTranslatedByTheKeyboardsCode)
         {VK_RETURN, VK_RETURN, "c.vEnterKey()", true}, {VK_ESCAPE, VK_ESCAPE, "c.vEscapeKey()", true},
         {VK_PRIOR, VK_PRIOR, "c.vPageUpKey()", true}, {VK_NEXT, VK_NEXT, "c.vPageDownKey()", true},
         {VK_END, VK_END, "c.vEndKey()", true}, {VK_HOME, VK_HOME, "c.vHomeKey()", true}, {'A', 'A', nullptr, true},
-        {VK_LEFT, VK_LEFT, "c.vArrowLeftKey()", true}, {VK_UP, VK_UP, "c.vArrowUpKey()", true}, {136, 136, nullptr, true},
+        {VK_LEFT, VK_LEFT, "c.vArrowLeftKey()", true}, {VK_UP, VK_UP, "c.vArrowUpKey()", true},
+        {136, 136, nullptr, true},
         {VK_RIGHT, VK_RIGHT, "c.vArrowRightKey()", true}, {VK_DOWN, VK_DOWN, "c.vArrowDownKey()", true},
         {VK_INSERT, VK_INSERT, "c.vInsertKey()", true}, {VK_DELETE, VK_DELETE, "c.vDeleteKey()", true},
         {VK_F1, VK_F1, "c.vFunctionKey(1)", false}, {VK_F24, VK_F24, "c.vFunctionKey(24)", false},

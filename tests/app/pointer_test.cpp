@@ -14,10 +14,9 @@ bool Alive(HCURSOR cursor)
     return GetIconInfo(cursor, &info) && (DeleteObject(info.hbmMask), DeleteObject(info.hbmColor), true);
 }
 
-// Each test starts with the pointer on and the capture flags clear, as a
-// program finds them, in a plain popup at (100, 100) without a border, and
-// in it a library window whose client area starts at (110, 120) on the
-// screen and is 100 by 80. Wine takes seconds to destroy an active window.
+// Each test starts with the pointer on and the capture flags clear, as a program finds them, in a plain popup at (100,
+// 100) without a border, and in it a library window whose client area starts at (110, 120) on the screen and is 100 by
+// 80. Wine takes seconds to destroy an active window.
 class PointerTest : public zktest::LeakFreeTest {
 protected:
     static void SetUpTestSuite() { wintest::RegisterClasses(); }
@@ -41,11 +40,9 @@ protected:
     vWIN child{host, vRECT(10, 20, 110, 100)};
 };
 
-// What the screen shows after each course of a fresh pointer, and the form
-// it holds: its identifier and, for the library's, the library's module. A
-// course: C, W, I the cross, wait and beam forms, 0 the library's form 0, L
-// a drag cursor of the library, + push, - pop, s another's wait cursor, x
-// off, o on, A an activation taken, R one refused.
+// What the screen shows after each course of a fresh pointer, and the form it holds: its identifier and, for the
+// library's, the library's module. A course: C, W, I the cross, wait and beam forms, 0 the library's form 0, L a drag
+// cursor of the library, + push, - pop, s another's wait cursor, x off, o on, A an activation taken, R one refused.
 TEST_F(PointerTest, FormsReachTheScreenAndTheStackRestoresThem)
 {
     const HINSTANCE library = vSYSTEM::Pointer()->GetInstance();
@@ -84,8 +81,7 @@ TEST_F(PointerTest, FormsReachTheScreenAndTheStackRestoresThem)
         EXPECT_TRUE(Access::Current(pointer)() == row.current && Access::Current(pointer).Instance() == row.module &&
                     Access::Saved(pointer) == row.saved);
     }
-    // A pointer that dies with saved forms frees them all, and leaves the
-    // screen with the first form saved.
+    // A pointer that dies with saved forms frees them all, and leaves the screen with the first form saved.
     vPOINTER* pointer = new vPOINTER(nullptr);
     pointer->Form(PF_CROSS), pointer->PushForm(), pointer->Form(PF_WAIT), pointer->PushForm(), pointer->PushForm();
     delete pointer;
@@ -94,9 +90,8 @@ TEST_F(PointerTest, FormsReachTheScreenAndTheStackRestoresThem)
 
 std::vector<long> Clip() { RECT r; return GetClipCursor(&r), std::vector<long>{r.left, r.top, r.right, r.bottom}; }
 
-// A capture takes the mouse, a confinement is the rectangle on the screen,
-// one a pixel wide or high stands for the client area; a release gives both
-// back, and does nothing without a capture.
+// A capture takes the mouse, a confinement is the rectangle on the screen, one a pixel wide or high stands for the
+// client area; a release gives both back, and does nothing without a capture.
 TEST_F(PointerTest, CaptureTakesTheMouseAndReleaseGivesItBack)
 {
     std::vector<long> free = Clip();

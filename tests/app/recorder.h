@@ -56,8 +56,7 @@ inline std::string Placed(HWND window)
     return Text(vRECT(box.left, box.top, box.right, box.bottom));
 }
 
-// The class procedure of the recording windows: what the library leaves to
-// the default processing arrives here.
+// The class procedure of the recording windows: what the library leaves to the default processing arrives here.
 inline LRESULT CALLBACK RecordingDefault(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
     WCHAR wide[64] = L"";
@@ -90,16 +89,19 @@ inline void Pump()
 #define ZK_HEAR(handler) int handler() override { return Reply(#handler, "", 0); }
 #define ZK_HEAR_AT(handler) int handler(const vPOINT& at) override { return Reply(#handler, Text(at), 0); }
 
-// A window that records every handler call with its arguments and answers
-// what the test asks of it, or the library's default. It creates its own
-// platform window of the recording class, as a derived class may.
+// A window that records every handler call with its arguments and answers what the test asks of it, or the library's
+// default. It creates its own platform window of the recording class, as a derived class may.
 class RECORDER : public vWIN {
 public:
     RECORDER(const vWIN& parent, const vRECT& rect, const std::string& name, vWNDFLAGS style = WF_NONE,
              unsigned short childId = 0)
         : vWIN(parent, rect, style, static_cast<vCLASSID>(1)), name(name) { Create(childId); SetID(childId); }
     // Adopts a window that exists, binding and subclassing it at once.
-    RECORDER(HWND window, const std::string& name) : vWIN(window, vRESID()), name(name) { BindInstance(window), SubClass(); }
+    RECORDER(HWND window, const std::string& name) : vWIN(window, vRESID()), name(name)
+    {
+        BindInstance(window);
+        SubClass();
+    }
     ~RECORDER() override { Note(name + ".~RECORDER"); }
 
     using vWIN::flags, vWIN::Instance, vWIN::isDragging, vWIN::pDepends, vWIN::pfnOldProc, vWIN::updateFlags;
@@ -120,9 +122,15 @@ public:
     int vCommandHint(const vCTRLID& id) override { return Reply("vCommandHint", std::to_string(id), 0); }
     int vTimer(const vRESID& id) override { return Reply("vTimer", std::to_string(id()), 0); }
     int vReleaseFocus(vWIN* next) override { return Reply("vReleaseFocus", next ? Named(next) : "null", 0); }
-    int vFunctionKey(unsigned short n) override { return Reply("vFunctionKey", std::to_string(n), vWIN::vFunctionKey(n)); }
+    int vFunctionKey(unsigned short n) override
+    {
+        return Reply("vFunctionKey", std::to_string(n), vWIN::vFunctionKey(n));
+    }
     int vCharacterKey(const vCHAR& c) override { return Reply("vCharacterKey", std::string(1, c()), 0); }
-    void vDragFeedback(unsigned char state, const vPOINT& at) override { Reply("vDragFeedback", std::to_string(state) + "," + Text(at), 0); }
+    void vDragFeedback(unsigned char state, const vPOINT& at) override
+    {
+        Reply("vDragFeedback", std::to_string(state) + "," + Text(at), 0);
+    }
     int vDraw(const vRECT& area) override { return Reply("vDraw", Text(area), 0); }
     ZK_HEAR(vIconize) ZK_HEAR(vActivate) ZK_HEAR(vDeactivate) ZK_HEAR(vSettingChange) ZK_HEAR(vGetFocus)
     ZK_HEAR(vScrollPageUp) ZK_HEAR(vScrollPageDown) ZK_HEAR(vScrollPageLeft) ZK_HEAR(vScrollPageRight)
@@ -139,7 +147,11 @@ public:
 protected:
     int vEraseBkg() override { return Note(name + ".vEraseBkg()"), vWIN::vEraseBkg(); }
 private:
-    static std::string Named(vWIN* win) { return dynamic_cast<RECORDER*>(win) ? static_cast<RECORDER*>(win)->name : "?"; }
+    static std::string Named(vWIN* win)
+    {
+        RECORDER* recorder = dynamic_cast<RECORDER*>(win);
+        return recorder ? recorder->name : "?";
+    }
     void Create(unsigned short childId)
     {
         lstrcpyA(CreateParams.szClassName, "ZKRECORD");
@@ -155,9 +167,8 @@ private:
     std::map<std::string, int> answers;
 };
 
-// The top-level popup under which the tests make their windows, adopted by
-// a recorder. It lives as long as the program: the platform takes seconds to
-// let an active window go, so it is made once and only hidden between suites.
+// The top-level popup under which the tests make their windows, adopted by a recorder. It lives as long as the program:
+// the platform takes seconds to let an active window go, so it is made once and only hidden between suites.
 inline RECORDER& SharedTop()
 {
     alignas(RECORDER) static unsigned char storage[sizeof(RECORDER)];
@@ -169,9 +180,8 @@ inline RECORDER& SharedTop()
     return *top;
 }
 
-// Every test starts with the classes registered, the process-wide objects
-// that are made on first use made already, the shared top-level window shown
-// and active, and an empty log; it leaves the top-level window as it found it.
+// Every test starts with the classes registered, the process-wide objects that are made on first use made already, the
+// shared top-level window shown and active, and an empty log; it leaves the top-level window as it found it.
 class WindowTest : public zktest::LeakFreeTest {
 protected:
     static void SetUpTestSuite()

@@ -36,8 +36,9 @@ TEST_F(WindowTest, AChildIsBoundSubclassedAndPlacedInItsParentsUnits)
 
 TEST_F(WindowTest, WindowFlagsChooseTheStyleAndOnlyTheBaseClassCreates)
 {
-    const struct { vWNDFLAGS flags; DWORD style; } rows[] = {{WF_NONE, 0x46000000}, {WF_BORDER, 0x46800000}, {WF_SIZING, 0x46040000},
-                {WF_BORDER | WF_SIZING, 0x46840000}, {WF_POPUP, 0x80840000}};
+    const struct { vWNDFLAGS flags; DWORD style; } rows[] = {
+        {WF_NONE, 0x46000000}, {WF_BORDER, 0x46800000}, {WF_SIZING, 0x46040000}, {WF_BORDER | WF_SIZING, 0x46840000},
+        {WF_POPUP, 0x80840000}};
     for (const auto& row : rows) {
         vWIN window(Top(), vRECT(0, 0, 50, 40), row.flags);
         EXPECT_EQ(vWIN::CreateParams.dwStyle, row.style) << row.flags;
@@ -73,8 +74,7 @@ TEST_F(WindowTest, NewedWindowsGoWithTheirPlatformWindowsAndMembersStay)
     EXPECT_EQ(Log(), (Lines{"c.vQueryClose()", "c.~RECORDER", "c default 2"}));
 }
 
-// Children, the focus and the active window are found through the binding:
-// a foreign window is none of the library's.
+// Children, the focus and the active window are found through the binding: a foreign window is none of the library's.
 TEST_F(WindowTest, WindowsAreFoundOnlyThroughTheBinding)
 {
     RECORDER child(Top(), vRECT(0, 0, 30, 20), "c", WF_NONE, 12);
@@ -91,18 +91,23 @@ TEST_F(WindowTest, WindowsAreFoundOnlyThroughTheBinding)
     EXPECT_EQ(child.SetTimer(5), 1);
     MSG message;
     Log().clear();
-    for (DWORD end = GetTickCount() + 5000; Only("vTimer").empty() && GetTickCount() < end && GetMessageA(&message, 0, 0, 0);)
+    const DWORD end = GetTickCount() + 5000;
+    while (Only("vTimer").empty() && GetTickCount() < end && GetMessageA(&message, 0, 0, 0))
         DispatchMessageA(&message);
-    child.KillTimer(), DestroyWindow(child());
+    child.KillTimer();
+    DestroyWindow(child());
     EXPECT_EQ(Only("vTimer"), Lines{"c.vTimer(1)"});
 }
 
-// A change of a updates the windows that depend on it, each once, in the
-// order of the platform's child list; a window still waiting for another
-// marked one ends the walk, leaving the marks. "ba" reads "b depends on a".
+// A change of a updates the windows that depend on it, each once, in the order of the platform's child list; a window
+// still waiting for another marked one ends the walk, leaving the marks. "ba" reads "b depends on a".
 TEST_F(WindowTest, AChangeUpdatesItsDependantsOnceEach)
 {
-    const struct { const char* depends; const char* order; const char* premarked; Lines updates; const char* marked; } rows[] = {
+    const struct {
+        const char *depends, *order, *premarked;
+        Lines updates;
+        const char* marked;
+    } rows[] = {
         {"ba cb", "abcd", "", {"b.UpdateView(1)", "c.UpdateView(1)"}, ""},
         {"ba ca db dc", "abcd", "", {"b.UpdateView(1)", "d.UpdateView(1)", "c.UpdateView(1)"}, ""},
         {"ba ca db dc", "adbc", "", {}, "bcd"},

@@ -33,17 +33,18 @@ TEST_F(ListTest, AppendPrependAndRemoveKeepTheChainAndEnds)
     unsigned long blocks = vMemLiveBlocks();
     {
         fLIST list;
-        EXPECT_TRUE(list.IsEmpty() && !list.Next(nullptr) && !list.Prev(nullptr) && !list.First() && list.Remove(a) == 0);
+        EXPECT_TRUE(list.IsEmpty() && !list.Next(nullptr) && !list.Prev(nullptr) && !list.First() && !list.Remove(a));
         list.Append(b);
         EXPECT_EQ(Walk(list), Objects{&b});
-        list.Prepend(a), list.Append(c), list.Append(a);
+        list.Prepend(a);
+        list.Append(c);
+        list.Append(a);
         EXPECT_TRUE(vMemLiveBlocks() == blocks + 4 && list.NoItems() == 4);
         EXPECT_EQ(Walk(list), (Objects{&a, &b, &c, &a}));
         vOBJECT twin = a;
         EXPECT_TRUE(list.Search(a) && !list.Search(twin) && !list.Remove(twin));
-        EXPECT_TRUE(list.Remove(a) == 1 && list.Remove(a) == 1 && vMemLiveBlocks() == blocks + 2 && list.Remove(c) == 1);
-        EXPECT_EQ(Walk(list), Objects{&b});
-        EXPECT_TRUE(list.First() == &b && list.Last() == &b);
+        EXPECT_TRUE(list.Remove(a) == 1 && list.Remove(a) == 1 && vMemLiveBlocks() == blocks + 2 && list.Remove(c));
+        EXPECT_TRUE(Walk(list) == Objects{&b} && list.First() == &b && list.Last() == &b);
         list.Append(c);
     }
     EXPECT_EQ(vMemLiveBlocks(), blocks);
@@ -55,8 +56,7 @@ TEST_F(ListTest, QueuesAndStacks)
     fQUEUE queue;
     for (vOBJECT* object : {&a, &b, &c})
         queue.Push(*object);
-    EXPECT_TRUE(queue.Top() == &c && queue.Bottom() == &a);
-    EXPECT_EQ(queue.Remove(b), 1);
+    EXPECT_TRUE(queue.Top() == &c && queue.Bottom() == &a && queue.Remove(b) == 1);
     EXPECT_EQ(queue.Next(queue.Next(nullptr))->Object(), &a);
     for (vOBJECT* expected : {&a, &c, static_cast<vOBJECT*>(nullptr)})
         EXPECT_EQ(queue.Pull(), expected);

@@ -12,20 +12,20 @@ using zktest::ReadStreamForm;
 using zktest::StreamBytes;
 using zktest::StreamForm;
 
-// Whole numbers wrap at 32 bits, shift keeping the sign and divide toward
-// zero; reals are raw 16.16 words, and a whole number mixed with a real goes
-// through a wide intermediate. Division by zero answers 0.
+// Whole numbers wrap at 32 bits, shift keeping the sign and divide toward zero; reals are raw 16.16 words, and a whole
+// number mixed with a real goes through a wide intermediate. Division by zero answers 0.
 TEST(ValuesTest, ArithmeticOnRawWords)
 {
     struct Row { long got, expected; };
     const Row rows[] = {
-        {(vINT(LONG_MAX) + vINT(1))(), LONG_MIN}, {(-vINT(LONG_MIN))(), LONG_MIN}, {(vINT(-7) / vINT(2))(), -3}, {(vINT(-8) >> 1)(), -4},
-        {(vINT(3) << 30)(), LONG_MIN + (1L << 30)}, {vINT(-1) < vINT(1), 1}, {!vINT(0), 1}, {vINT(vREAL(-0.25))(), -1},
-        {(vINT(-3) * vREAL(0.5))(), -0x18000}, {(vINT(1) / vREAL(3))(), 0x5555}, {(vINT(30000) / vREAL(2))(), 15000L << 16},
-        {(vINT(5) / vREAL())(), 0}, {vREAL(vINT(-2))(), -0x20000}, {vREAL(1.9999999)(), 0x1FFFF}, {vREAL(-1.9999999)(), -0x1FFFF},
-        {vREAL(65537.0)(), 0x10000}, {(vREAL(32767) + vREAL(1))(), LONG_MIN}, {(vREAL(1.5) * vREAL(-2.5))(), -0x3C000},
+        {(vINT(LONG_MAX) + vINT(1))(), LONG_MIN}, {(-vINT(LONG_MIN))(), LONG_MIN}, {(vINT(-7) / vINT(2))(), -3},
+        {(vINT(-8) >> 1)(), -4}, {(vINT(3) << 30)(), LONG_MIN + (1L << 30)}, {vINT(-1) < vINT(1), 1}, {!vINT(0), 1},
+        {vINT(vREAL(-0.25))(), -1}, {(vINT(-3) * vREAL(0.5))(), -0x18000}, {(vINT(1) / vREAL(3))(), 0x5555},
+        {(vINT(30000) / vREAL(2))(), 15000L << 16}, {(vINT(5) / vREAL())(), 0}, {vREAL(vINT(-2))(), -0x20000},
+        {vREAL(1.9999999)(), 0x1FFFF}, {vREAL(-1.9999999)(), -0x1FFFF}, {vREAL(65537.0)(), 0x10000},
+        {(vREAL(32767) + vREAL(1))(), LONG_MIN}, {(vREAL(1.5) * vREAL(-2.5))(), -0x3C000},
         {(vREAL(100) * vREAL(200))(), 20000L << 16}, {(vREAL(-3) / vREAL(2))(), -0x18000}, {(vREAL(5) / vREAL())(), 0},
-        {vREAL(-0.5) < vREAL(0.25), 1}, {vANGLE(static_cast<short>(-390))(), -30L * 65536}, {vANGLE(static_cast<short>(360))(), 0},
+        {vREAL(-0.5) < vREAL(0.25), 1}, {vANGLE(short(-390))(), -30L * 65536}, {vANGLE(short(360))(), 0},
         {vANGLE(-390.0)(), -390L * 65536},
     };
     for (const Row& row : rows)
@@ -36,11 +36,12 @@ TEST(ValuesTest, ArithmeticOnRawWords)
 TEST(ValuesTest, FloorRoundAndCeilOfReals)
 {
     struct Row { double value; long floor, round, ceil; };
-    for (const Row& row : {Row{2.0, 2, 2, 2}, Row{1.5, 1, 2, 2}, Row{1.25, 1, 1, 2}, Row{0.25, 0, 0, 1}, Row{0.0, 0, -1, 0}, Row{-0.25, -1, -1, -2},
-                           Row{-0.5, -1, -1, -2}, Row{-1.0, -1, -2, -1}, Row{-1.25, -2, -2, -3}, Row{-1.5, -2, -2, -3}, Row{-1.75, -2, -3, -3}}) {
+    for (const Row& row : {Row{2.0, 2, 2, 2}, Row{1.5, 1, 2, 2}, Row{1.25, 1, 1, 2}, Row{0.25, 0, 0, 1},
+                           Row{0.0, 0, -1, 0}, Row{-0.25, -1, -1, -2}, Row{-0.5, -1, -1, -2}, Row{-1.0, -1, -2, -1},
+                           Row{-1.25, -2, -2, -3}, Row{-1.5, -2, -2, -3}, Row{-1.75, -2, -3, -3}}) {
         vREAL value(row.value);
-        EXPECT_EQ((std::vector<long>{value.Floor()(), value.Round()(), value.Ceil()()}), (std::vector<long>{row.floor, row.round, row.ceil}))
-            << row.value;
+        EXPECT_EQ((std::vector<long>{value.Floor()(), value.Round()(), value.Ceil()()}),
+                  (std::vector<long>{row.floor, row.round, row.ceil})) << row.value;
     }
 }
 
@@ -60,9 +61,10 @@ TEST(ValuesTest, CharactersHoldTheLowByteAndClassifyByPlainAscii)
     EXPECT_TRUE(vCHAR(0x126).Symbol(out) == '&' && out == '&' && vCHAR(0xFF).Next()() == 0);
     EXPECT_TRUE(vCHAR(0x80) < vCHAR('A') && !(vCHAR(0x80) >= vCHAR('A')) && vCHAR('A') > vCHAR(0x80));
     struct Row { unsigned short code; int alpha, numeric, upper, lower; };
-    for (const Row& row : {Row{'A', 1, 0, 1, 0}, Row{'Z', 1, 0, 1, 0}, Row{'@', 0, 0, 0, 0}, Row{'[', 0, 0, 0, 0}, Row{'a', 1, 0, 0, 1},
-                           Row{'z', 1, 0, 0, 1}, Row{'`', 0, 0, 0, 0}, Row{'{', 0, 0, 0, 0}, Row{'0', 0, 1, 0, 0}, Row{'9', 0, 1, 0, 0},
-                           Row{'/', 0, 0, 0, 0}, Row{':', 0, 0, 0, 0}, Row{0xE9, 0, 0, 0, 0}, Row{0xC9, 0, 0, 0, 0}}) {
+    for (const Row& row : {Row{'A', 1, 0, 1, 0}, Row{'Z', 1, 0, 1, 0}, Row{'@', 0, 0, 0, 0}, Row{'[', 0, 0, 0, 0},
+                           Row{'a', 1, 0, 0, 1}, Row{'z', 1, 0, 0, 1}, Row{'`', 0, 0, 0, 0}, Row{'{', 0, 0, 0, 0},
+                           Row{'0', 0, 1, 0, 0}, Row{'9', 0, 1, 0, 0}, Row{'/', 0, 0, 0, 0}, Row{':', 0, 0, 0, 0},
+                           Row{0xE9, 0, 0, 0, 0}, Row{0xC9, 0, 0, 0, 0}}) {
         vCHAR c(row.code);
         EXPECT_EQ((std::vector<int>{c.IsCharAlphaA(), c.IsCharNumeric(), c.IsCharUpperA(), c.IsCharLowerA()}),
                   (std::vector<int>{row.alpha, row.numeric, row.upper, row.lower})) << row.code;
@@ -88,9 +90,8 @@ TEST(ValuesTest, PointsAndRangesWorkOnBothParts)
     EXPECT_TRUE(range < vRANGE(vINT(2), vINT(6)) && range != vRANGE(vINT(1), vINT(6)));
 }
 
-// Right and bottom are the last pixels inside for the edges and the width,
-// which never normalises; capture and the hit test take them as the first
-// pixel outside.
+// Right and bottom are the last pixels inside for the edges and the width, which never normalises; capture and the hit
+// test take them as the first pixel outside.
 TEST(ValuesTest, RectanglesKeepTheirEdgesAndExcludeRightAndBottom)
 {
     vRECT rect(vPOINT(10, 10), 5, 5);
@@ -109,7 +110,8 @@ TEST(ValuesTest, RectanglesKeepTheirEdgesAndExcludeRightAndBottom)
     for (const Row& row : {Row{ten, vPOINT(20, -5), vPOINT(9, 0), false}, Row{ten, vPOINT(10, 10), vPOINT(9, 9), false},
                            Row{ten, vPOINT(-3, 6), vPOINT(0, 6), false}, Row{ten, vPOINT(0, 0), vPOINT(0, 0), true},
                            Row{ten, vPOINT(9, 9), vPOINT(9, 9), true}, Row{ten, vPOINT(10, 5), vPOINT(9, 5), false},
-                           Row{ten, vPOINT(5, 10), vPOINT(5, 9), false}, Row{sized, vPOINT(50, 50), vPOINT(8, 8), false},
+                           Row{ten, vPOINT(5, 10), vPOINT(5, 9), false},
+                           Row{sized, vPOINT(50, 50), vPOINT(8, 8), false},
                            Row{inverted, vPOINT(100, -100), vPOINT(4, 4), false}}) {
         SCOPED_TRACE(std::to_string(row.point.x()) + "," + std::to_string(row.point.y()));
         EXPECT_EQ(!!(row.rect ^ row.point), row.inside);
@@ -128,8 +130,8 @@ TEST(ValuesTest, DatesCountFieldByFieldAndWriteTheTimeFirst)
     vDATETIME a(1, 1, 2000, 5, 0, 30);
     EXPECT_EQ(&(a - vDATETIME(1, 1, 1990, 2, 1, 10)), &a);
     EXPECT_TRUE(a.Year()() == 10 && a.Hour()() == 3 && a.Minute()() == 65535);
-    vDATETIME early(31, 12, 1995, 23, 59, 59), late(1, 1, 1996, 0, 0, 0), same = late;
-    EXPECT_TRUE(late > early && early < late && early <= late && early != late && vDATETIME(1, 1, 1996, 0, 0, 1) > late);
+    vDATETIME early(31, 12, 1995, 23, 59, 59), late(1, 1, 1996, 0, 0, 0), same = late, later(1, 1, 1996, 0, 0, 1);
+    EXPECT_TRUE(late > early && early < late && early <= late && early != late && later > late);
     EXPECT_FALSE(early > late || early >= late || same > late || same < late);
     EXPECT_TRUE(same == late && same >= late && same <= late);
     EXPECT_STREQ(vDATETIME(24, 12, 1996, 23, 59, 58).Stamp()(), "11:59:58 pm 24 December 1996");
@@ -149,9 +151,8 @@ TEST(ValuesTest, ResourceIdentifiers)
     EXPECT_TRUE(vRESID()() == 0 && vRESID().Instance() == vSYSTEM::Pointer()->GetInstance());
 }
 
-// Little-endian throughout, in field order; a date's order is not its
-// constructor's. A resource identifier is its module handle, pointer wide,
-// then its number in sixteen bits.
+// Little-endian throughout, in field order; a date's order is not its constructor's. A resource identifier is its
+// module handle, pointer wide, then its number in sixteen bits.
 TEST(ValuesTest, StreamForms)
 {
     vRESID resid(0x1234, vSYSTEM::Pointer());

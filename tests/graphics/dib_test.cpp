@@ -13,7 +13,8 @@ using DibTest = zktest::LeakFreeTest;
 using Ints = std::vector<long>;
 
 // The platform's forty bytes, the model, and the palette pointer (aligned to 8 on 64 bits).
-static_assert(sizeof(oDIBHEADER) == (sizeof(void*) == 4 ? 48 : 56), "the header is the platform's, the model and the palette");
+static_assert(sizeof(oDIBHEADER) == (sizeof(void*) == 4 ? 48 : 56),
+              "the header is the platform's, the model and the palette");
 
 // Index i is (red i, green 255 - step i, blue step i).
 oDIBPALETTE Ramp(unsigned short count, int step)
@@ -28,39 +29,41 @@ oDIBPALETTE Ramp(unsigned short count, int step)
 // kept as 40 pixels a metre, and the first forty bytes are the platform's.
 TEST_F(DibTest, TheHeaderIsThePlatformsWithLinesPaddedToWords)
 {
-    for (const Ints& layout : {Ints{oMODEL_RGB, 13, 24, 40, 120}, Ints{oMODEL_RGB, 4, 24, 12, 36}, Ints{oMODEL_MONO, 33, 1, 8, 24},
-                               Ints{oMODEL_MONO, 32, 1, 4, 12}, Ints{oMODEL_16, 9, 4, 8, 24}, Ints{oMODEL_256, 5, 8, 8, 24}}) {
+    for (const Ints& layout : {Ints{oMODEL_RGB, 13, 24, 40, 120}, Ints{oMODEL_RGB, 4, 24, 12, 36},
+                               Ints{oMODEL_MONO, 33, 1, 8, 24}, Ints{oMODEL_MONO, 32, 1, 4, 12},
+                               Ints{oMODEL_16, 9, 4, 8, 24}, Ints{oMODEL_256, 5, 8, 8, 24}}) {
         oDIBHEADER header(layout[1], 3, 0, 0, oCOLOUR_MODEL(layout[0]));
-        EXPECT_EQ(Ints({layout[0], layout[1], header.ColourDepth(), long(header.BytesPerLine()), long(header.Size())}), layout);
+        EXPECT_EQ(Ints({layout[0], layout[1], header.ColourDepth(), long(header.BytesPerLine()), long(header.Size())}),
+                  layout);
     }
     oDIBHEADER header(13, 7, 300, 72, oMODEL_16);
     const BITMAPINFOHEADER& info = header.Info();
-    EXPECT_EQ(Ints({long(info.biSize), info.biWidth, info.biHeight, info.biPlanes, info.biBitCount, long(info.biCompression),
-                    long(info.biSizeImage), info.biXPelsPerMeter, info.biYPelsPerMeter, long(header.VertDPI())}),
+    EXPECT_EQ(Ints({long(info.biSize), info.biWidth, info.biHeight, info.biPlanes, info.biBitCount,
+                    long(info.biCompression), long(info.biSizeImage), info.biXPelsPerMeter, info.biYPelsPerMeter,
+                    long(header.VertDPI())}),
               Ints({40, 13, 7, 1, 4, 0, 8 * 7, 12000, 2880, 72}));
     header.Width(3);
     header.ColourModel(oMODEL_256);
     EXPECT_EQ(Ints({header.ColourDepth(), long(header.BytesPerLine()), long(header.Size())}), Ints({8, 4, 28}));
 }
 
-// A palette keeps quads of its own, blue first, and answers only below its
-// count; the nearest colour is looked for below a limit, and of two equally
-// near ones the first wins. A picture keeps one palette of its own whatever
-// header it is given, and its copies share it.
+// A palette keeps quads of its own, blue first, and answers only below its count; the nearest colour is looked for
+// below a limit, and of two equally near ones the first wins. A picture keeps one palette of its own whatever header it
+// is given, and its copies share it.
 TEST_F(DibTest, APaletteOwnsItsQuadsAndFindsTheFirstNearestColour)
 {
     PALETTEENTRY entries[] = {{0, 0, 0, 0}, {250, 0, 0, PC_NOCOLLAPSE}, {0, 0, 250, 0}, {255, 10, 10, 0}};
     oDIBPALETTE palette(entries, 4), copy(palette), assigned = Ramp(1, 0);
     assigned = palette;
     EXPECT_EQ(Ints({palette.GetRgbQuad()[1].rgbBlue, palette.GetRgbQuad()[1].rgbRed}), Ints({0, 250}));
-    for (const Ints& c : {Ints{0x0A0AFF, 4, 3}, Ints{0x0A0AFF, 3, 1}, Ints{0xC80A0A, 4, 2}, Ints{0xC80A0A, 2, 0}, Ints{0x5A, 99, 0},
-                          Ints{0xC8, 99, 1}, Ints{0x7D007D, 3, 0}, Ints{0xC800C8, 3, 1}})
+    for (const Ints& c : {Ints{0x0A0AFF, 4, 3}, Ints{0x0A0AFF, 3, 1}, Ints{0xC80A0A, 4, 2}, Ints{0xC80A0A, 2, 0},
+                          Ints{0x5A, 99, 0}, Ints{0xC8, 99, 1}, Ints{0x7D007D, 3, 0}, Ints{0xC800C8, 3, 1}})
         EXPECT_EQ(Ints({c[0], c[1], palette.NearestColour(vCOLOUR(c[0], 0), static_cast<unsigned short>(c[1]))}), c);
     EXPECT_TRUE(palette.SetColour(3, vCOLOUR(1, 2, 3)) && !palette.SetColour(4, vCOLOUR(1, 2, 3)));
     for (const oDIBPALETTE* other : {&palette, &copy, &assigned}) {
         vCOLOUR colour(9, 9, 9);
-        EXPECT_TRUE(other->GetColour(3, colour) && !other->GetColour(4, colour));
-        EXPECT_EQ(colour.PackedRGB(), other == &palette ? 0x030201UL : 0x0A0AFFUL);
+        EXPECT_TRUE(other->GetColour(3, colour) && !other->GetColour(4, colour) &&
+                    colour.PackedRGB() == (other == &palette ? 0x030201UL : 0x0A0AFFUL));
     }
     auto original = std::make_unique<oMEMDIB>(7);
     oDIBPALETTE *own = nullptr, *again = nullptr;
@@ -73,7 +76,8 @@ TEST_F(DibTest, APaletteOwnsItsQuadsAndFindsTheFirstNearestColour)
     oMEMDIB dibCopy(*original), dibAssigned;
     dibAssigned = *original;
     for (const oMEMDIB* dib : {original.get(), &dibCopy, &dibAssigned})
-        EXPECT_TRUE(dib->GetPalette(&again) == 16 && again == own && dib->GetHeader()->Palette() == own && dib->Tag() == 7);
+        EXPECT_TRUE(dib->GetPalette(&again) == 16 && again == own && dib->GetHeader()->Palette() == own &&
+                    dib->Tag() == 7);
     original.reset();
     EXPECT_EQ(dibCopy.GetPalette(nullptr), 16) << "the palette outlives the picture that made it";
 }
@@ -115,23 +119,21 @@ TEST_F(DibTest, LinesConvertBetweenModelsThroughThePaletteOrAGreyRamp)
     }
 }
 
-// The stream form is a 14-byte file header, the forty bytes of the header,
-// the colours and the lines from the bottom up: an archive built byte by
-// byte, read and written again, is the same bytes, whatever the depth.
+// The stream form is a 14-byte file header, the forty bytes of the header, the colours and the lines from the bottom
+// up: an archive built byte by byte, read and written again, is the same bytes, whatever the depth.
 TEST_F(DibTest, TheStreamFormIsAFileHeaderThenTheClipboardBlock)
 {
     oMEMDIB dib;
     for (int depth : {1, 4, 8, 24}) {
-        Bytes archive = Archive(7, 5, depth, 0, [depth](long x, long y) { return static_cast<unsigned long>(x * 31 + y * 7) % (1UL << depth); });
+        auto pixel = [depth](long x, long y) { return static_cast<unsigned long>(x * 31 + y * 7) % (1UL << depth); };
+        Bytes archive = Archive(7, 5, depth, 0, pixel);
         MemoryStream source(archive);
         dib << *source;
-        EXPECT_EQ(source->CurrentPos(), archive.size()) << depth;
-        EXPECT_EQ(Written(dib), archive) << depth;
+        EXPECT_TRUE(source->CurrentPos() == archive.size() && Written(dib) == archive) << depth;
     }
 }
 
-// Each way of spoiling a good archive of 8 bits, 6 by 4, leaves both stores
-// empty and the stream ended.
+// Each way of spoiling a good archive of 8 bits, 6 by 4, leaves both stores empty and the stream ended.
 TEST_F(DibTest, BadStreamsLeaveAnEmptyPictureAndAnEndedStream)
 {
     const std::pair<const char*, std::function<void(Bytes&)>> cases[] = {
@@ -157,8 +159,9 @@ TEST_F(DibTest, BadStreamsLeaveAnEmptyPictureAndAnEndedStream)
         memory << *first;
         onStream << *second;
         unsigned char line[64];
-        EXPECT_EQ(Ints({long(memory.GetHeader()->Height()), memory.GetPalette(nullptr), memory.GetImageLines(0, 0, line, nullptr),
-                        long(onStream.GetHeader()->Height()), onStream.GetPalette(nullptr), onStream.GetImageLines(0, 0, line, nullptr),
+        EXPECT_EQ(Ints({long(memory.GetHeader()->Height()), memory.GetPalette(nullptr),
+                        memory.GetImageLines(0, 0, line, nullptr), long(onStream.GetHeader()->Height()),
+                        onStream.GetPalette(nullptr), onStream.GetImageLines(0, 0, line, nullptr),
                         first->Status(), second->Status()}),
                   Ints({0, 0, 0, 0, 0, 0, vSTREAM_END, vSTREAM_END})) << c.first;
     }
@@ -185,21 +188,21 @@ Ints Firsts(const oDIB& dib, unsigned long first, unsigned long last)
     return firsts;
 }
 
-// Bands land where they are numbered and none reaches past the picture;
-// copies have lines of their own; a header larger than memory leaves none; a
-// picture joined to a stream is written there when it dies. A lock in the
-// header's model is the store itself, in another a copy stored back only
-// when asked, one band at a time; a block is width pixels from pixel x of
-// line y, height lines up.
+// Bands land where they are numbered and none reaches past the picture; copies have lines of their own; a header larger
+// than memory leaves none; a picture joined to a stream is written there when it dies. A lock in the header's model is
+// the store itself, in another a copy stored back only when asked, one band at a time; a block is width pixels from
+// pixel x of line y, height lines up.
 TEST_F(DibTest, AMemoryPicturesBandsLocksAndBlocksLandWhereTheyAreNumbered)
 {
     oMEMDIB dib, empty, assigned, huge, mono;
     Lined(dib);
     EXPECT_EQ(Firsts(dib, 0, 5), Ints({1, 11, 21, 31, 41, 51}));
     Bytes buffer(16 * 8, 7);
-    EXPECT_FALSE(empty.GetImageLines(0, 0, buffer.data(), nullptr) || empty.SetImageLines(buffer.data(), oMODEL_RGB, 0, 0));
+    EXPECT_FALSE(empty.GetImageLines(0, 0, buffer.data(), nullptr) ||
+                 empty.SetImageLines(buffer.data(), oMODEL_RGB, 0, 0));
     for (const auto& band : {Ints{0, 6}, Ints{6, 6}, Ints{3, 2}, Ints{7, 9}})
-        EXPECT_FALSE(dib.GetImageLines(band[0], band[1], buffer.data(), nullptr) || dib.SetImageLines(buffer.data(), oMODEL_RGB, band[0], band[1]));
+        EXPECT_FALSE(dib.GetImageLines(band[0], band[1], buffer.data(), nullptr) ||
+                     dib.SetImageLines(buffer.data(), oMODEL_RGB, band[0], band[1]));
     EXPECT_FALSE(dib.GetImageLines(0, 1, nullptr, nullptr));
     oMEMDIB copy(dib);
     assigned = dib;
@@ -222,7 +225,8 @@ TEST_F(DibTest, AMemoryPicturesBandsLocksAndBlocksLandWhereTheyAreNumbered)
     EXPECT_EQ(Ints({lines[0], Firsts(dib, 3, 3)[0]}), Ints({21, 99}));
     EXPECT_TRUE(dib.ReleaseImageLines(0) && !dib.ReleaseImageLines(1) && !dib.LockImageLines(5, 6, &lines, oMODEL_RGB));
     mono.SetHeader(oDIBHEADER(12, 3, 0, 0, oMODEL_MONO));
-    unsigned char bits[12] = {0xF0, 0x0F, 0, 0, 0x33, 0xCC, 0, 0, 0xAA, 0x55, 0, 0}, block[8] = {}, patch[4] = {0xFF}, rgb[12] = {};
+    unsigned char bits[12] = {0xF0, 0x0F, 0, 0, 0x33, 0xCC, 0, 0, 0xAA, 0x55, 0, 0};
+    unsigned char block[8] = {}, patch[4] = {0xFF}, rgb[12] = {};
     mono.SetImageLines(bits, oMODEL_MONO, 0, 2);
     for (int keep : {0, 1}) {
         ASSERT_TRUE(mono.LockImageLines(1, 1, &lines, oMODEL_RGB));
@@ -235,13 +239,13 @@ TEST_F(DibTest, AMemoryPicturesBandsLocksAndBlocksLandWhereTheyAreNumbered)
     ASSERT_TRUE(mono.GetImageLines(0, 0, bits, nullptr) && mono.GetImageBlock(0, 2, 2, 1, rgb, &model));
     EXPECT_EQ(Ints({block[0], block[4], bits[0], bits[1], rgb[0], rgb[3]}), Ints({0x98, 0x50, 0xF0, 0x3F, 255, 0}));
     EXPECT_FALSE(mono.GetImageBlock(11, 0, 2, 1, block, nullptr) || mono.GetImageBlock(0, 2, 1, 2, block, nullptr) ||
-                 mono.SetImageBlock(patch, oMODEL_MONO, 0, 0, 0, 1) || mono.SetImageBlock(nullptr, oMODEL_MONO, 0, 0, 2, 1));
+                 mono.SetImageBlock(patch, oMODEL_MONO, 0, 0, 0, 1) ||
+                 mono.SetImageBlock(nullptr, oMODEL_MONO, 0, 0, 2, 1));
 }
 
-// A picture on a stream keeps its lines there, reads and writes them in
-// place, a top-down stream turned over, and its copies read the same stream;
-// it is written bottom-up in bands. A header of another shape, or no stream,
-// leaves it without lines.
+// A picture on a stream keeps its lines there, reads and writes them in place, a top-down stream turned over, and its
+// copies read the same stream; it is written bottom-up in bands. A header of another shape, or no stream, leaves it
+// without lines.
 TEST_F(DibTest, AStreamPicturesLinesStayOnTheStream)
 {
     auto value = [](long x, long y) { return static_cast<unsigned long>(x * 0x010203 + y * 0x300000) & 0xFFFFFF; };
@@ -249,11 +253,11 @@ TEST_F(DibTest, AStreamPicturesLinesStayOnTheStream)
     unsigned long bytes = vMemLiveBytes();
     oSTREAMDIB dib, none;
     dib << *big;
-    EXPECT_LT(vMemLiveBytes() - bytes, 1024UL);
-    EXPECT_EQ(big->CurrentPos(), big->Size());
+    EXPECT_TRUE(vMemLiveBytes() - bytes < 1024 && big->CurrentPos() == big->Size());
     EXPECT_EQ(Written(dib), Archive(300, 500, 24, 0, value));
     for (int topDown : {0, 1}) {
-        MemoryStream source(Archive(4, 3, 8, topDown, [](long x, long y) { return static_cast<unsigned long>(x + 4 * y); }));
+        auto pixel = [](long x, long y) { return static_cast<unsigned long>(x + 4 * y); };
+        MemoryStream source(Archive(4, 3, 8, topDown, pixel));
         oSTREAMDIB small, assigned;
         small << *source;
         oSTREAMDIB copy(small);
@@ -270,8 +274,11 @@ TEST_F(DibTest, AStreamPicturesLinesStayOnTheStream)
             EXPECT_EQ(Ints({top[0], top[3], bottom[1]}), Ints({0, 3, 8})) << topDown;
         }
         ASSERT_TRUE(small.LockImageLines(1, 2, &locked, oMODEL_RGB));
-        locked[0] = GetBValue(PaletteColour(5)), locked[1] = GetGValue(PaletteColour(5)), locked[2] = GetRValue(PaletteColour(5));
-        EXPECT_TRUE(small.ReleaseImageLines(1) && small.GetImageLines(1, 1, line, nullptr) && line[0] == 5 && line[1] == 5) << topDown;
+        locked[0] = GetBValue(PaletteColour(5));
+        locked[1] = GetGValue(PaletteColour(5));
+        locked[2] = GetRValue(PaletteColour(5));
+        EXPECT_TRUE(small.ReleaseImageLines(1) && small.GetImageLines(1, 1, line, nullptr)) << topDown;
+        EXPECT_TRUE(line[0] == 5 && line[1] == 5) << topDown;
         oDIBHEADER header = *small.GetHeader();
         header.HorzDPI(300);
         small.SetHeader(header);
@@ -283,13 +290,13 @@ TEST_F(DibTest, AStreamPicturesLinesStayOnTheStream)
     EXPECT_TRUE(Written(none).empty() && Colours(none).empty()) << "without a stream there are no lines";
 }
 
-// The files that ImageMagick made at build time, bottom-up and top-down, at
-// every depth and odd widths, read into both stores pixel for pixel as
-// ImageMagick decodes them, in the model of their depth.
+// The files that ImageMagick made at build time, bottom-up and top-down, at every depth and odd widths, read into both
+// stores pixel for pixel as ImageMagick decodes them, in the model of their depth.
 TEST_F(DibTest, ImageMagicksFilesReadPixelForPixel)
 {
-    const std::pair<const char*, oCOLOUR_MODEL> made[] = {{"mono13", oMODEL_MONO}, {"mono33", oMODEL_MONO}, {"pal16", oMODEL_16},
-                                                         {"pal256", oMODEL_256},  {"rgb13", oMODEL_RGB},   {"rgb30", oMODEL_RGB}};
+    const std::pair<const char*, oCOLOUR_MODEL> made[] = {{"mono13", oMODEL_MONO}, {"mono33", oMODEL_MONO},
+                                                         {"pal16", oMODEL_16},      {"pal256", oMODEL_256},
+                                                         {"rgb13", oMODEL_RGB},     {"rgb30", oMODEL_RGB}};
     for (const auto& m : made)
         for (const std::string& file : {std::string(m.first), std::string(m.first) + "-top"})
             for (int store = 0; store < 2; ++store) {
@@ -302,15 +309,15 @@ TEST_F(DibTest, ImageMagicksFilesReadPixelForPixel)
                 oDIB& dib = store ? static_cast<oDIB&>(onStream) : memory;
                 dib << stream;
                 const oDIBHEADER& header = *dib.GetHeader();
-                EXPECT_EQ(Ints({long(header.Width()), long(header.Height()), header.ColourDepth(), header.ColourModel(), stream.Status()}),
+                EXPECT_EQ(Ints({long(header.Width()), long(header.Height()), header.ColourDepth(), header.ColourModel(),
+                                stream.Status()}),
                           Ints({width, height, long(oDIBHEADER::DepthOf(m.second)), m.second, vSTREAM_GOOD})) << file;
                 EXPECT_EQ(Colours(dib), decoded) << file;
             }
 }
 
-// Each picture is built through the library's interface, written, and copied
-// again through the stream store's bands; beside each goes a PPM of what it
-// is meant to show, for ImageMagick to read and compare after this program.
+// Each picture is built through the library's interface, written, and copied again through the stream store's bands;
+// beside each goes a PPM of what it is meant to show, for ImageMagick to read and compare after this program.
 TEST_F(DibTest, PicturesWrittenHereAreForImageMagickToReadBack)
 {
     const std::string written = std::string(ZK_DIB_FILES) + "/written";
@@ -320,30 +327,35 @@ TEST_F(DibTest, PicturesWrittenHereAreForImageMagickToReadBack)
         long width, height;
         int depth;
         oCOLOUR_MODEL model;
-    } pictures[] = {{"mono", 19, 6, 1, oMODEL_MONO}, {"pal16", 11, 7, 4, oMODEL_16}, {"pal256", 23, 9, 8, oMODEL_256}, {"rgb", 17, 5, 24, oMODEL_RGB}};
+    } pictures[] = {{"mono", 19, 6, 1, oMODEL_MONO}, {"pal16", 11, 7, 4, oMODEL_16},
+                    {"pal256", 23, 9, 8, oMODEL_256}, {"rgb", 17, 5, 24, oMODEL_RGB}};
     for (const auto& p : pictures) {
-        auto pattern = [&p](long x, long y) { return static_cast<unsigned long>(x * 0x0B1703 + y * 0x2A0511 + x * y) % (1UL << p.depth); };
+        auto pattern = [&p](long x, long y) {
+            return static_cast<unsigned long>(x * 0x0B1703 + y * 0x2A0511 + x * y) % (1UL << p.depth);
+        };
         Pixels meant;
         for (long y = 0; y < p.height; ++y)
             for (long x = 0; x < p.width; ++x)
-                meant.push_back(p.depth == 24 ? RGB(pattern(x, y) >> 16, pattern(x, y) >> 8 & 0xFF, pattern(x, y) & 0xFF)
+                meant.push_back(p.depth == 24 ? RGB(pattern(x, y) >> 16, pattern(x, y) >> 8 & 0xFF, pattern(x, y))
                                               : PaletteColour(pattern(x, y)));
         std::string path = written + "/" + p.name;
         {
             oMEMDIB dib;
-            dib.SetHeader(oDIBHEADER(static_cast<unsigned long>(p.width), static_cast<unsigned long>(p.height), 96, 96, p.model));
+            dib.SetHeader(oDIBHEADER(p.width, p.height, 96, 96, p.model));
             Bytes picture = Archive(p.width, p.height, p.depth, 0, pattern);
             if (p.depth <= 8)
-                dib.SetPalette(oDIBPALETTE(reinterpret_cast<RGBQUAD*>(&picture[54]), static_cast<unsigned short>(1 << p.depth)));
+                dib.SetPalette(oDIBPALETTE(reinterpret_cast<RGBQUAD*>(&picture[54]), 1 << p.depth));
             unsigned long stride = oDIBHEADER::LineBytes(p.width, p.depth);
             unsigned char* lines = picture.data() + picture.size() - stride * p.height;
             for (long first = 0; first < p.height; first += 2)
-                ASSERT_TRUE(dib.SetImageLines(lines + first * stride, p.model, first, std::min(first + 1, p.height - 1)));
+                ASSERT_TRUE(
+                    dib.SetImageLines(lines + first * stride, p.model, first, std::min(first + 1, p.height - 1)));
             vFILE file(vSTRING((path + ".bmp").c_str()), vSTREAM_CREATE);
             dib >> file;
             EXPECT_EQ(file.Status(), vSTREAM_GOOD) << p.name;
         }
-        vFILE source(vSTRING((path + ".bmp").c_str()), vSTREAM_READ), copy(vSTRING((path + "-copy.bmp").c_str()), vSTREAM_CREATE);
+        vFILE source(vSTRING((path + ".bmp").c_str()), vSTREAM_READ);
+        vFILE copy(vSTRING((path + "-copy.bmp").c_str()), vSTREAM_CREATE);
         oSTREAMDIB onStream;
         onStream << source;
         onStream >> copy;

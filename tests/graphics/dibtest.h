@@ -25,20 +25,23 @@ inline void Put(Bytes& bytes, size_t at, unsigned long value, int width)
 // The colour that Archive gives to palette index i: distinct, and not a grey ramp.
 inline COLORREF PaletteColour(unsigned long i) { return RGB(i * 91 % 256, 255 - i, i * 37 % 256); }
 
-// A picture in the stream form built byte by byte, without the library: the
-// value of each pixel (an index, or 0xBBGGRR for 24 bits) from the function
-// of its column and its row counted from the top.
-inline Bytes Archive(long width, long height, int depth, int topDown, const std::function<unsigned long(long, long)>& pixel)
+// A picture in the stream form built byte by byte, without the library: the value of each pixel (an index, or 0xBBGGRR
+// for 24 bits) from the function of its column and its row counted from the top.
+inline Bytes Archive(long width, long height, int depth, int topDown,
+                     const std::function<unsigned long(long, long)>& pixel)
 {
-    unsigned long colours = depth <= 8 ? 1UL << depth : 0, offset = 54 + 4 * colours, stride = (width * depth + 31) / 32 * 4;
+    unsigned long colours = depth <= 8 ? 1UL << depth : 0, offset = 54 + 4 * colours;
+    unsigned long stride = (width * depth + 31) / 32 * 4;
     Bytes bytes(offset + stride * height, 0);
-    const std::pair<size_t, unsigned long> fields[] = {{2, bytes.size()}, {10, offset}, {14, 40}, {18, width},
-        {22, static_cast<unsigned long>(topDown ? -height : height)}, {26, 1 | depth << 16}, {34, stride * height}, {38, 2835}, {42, 2835}};
+    const std::pair<size_t, unsigned long> fields[] = {
+        {2, bytes.size()}, {10, offset}, {14, 40}, {18, width}, {22, topDown ? -height : height},
+        {26, 1 | depth << 16}, {34, stride * height}, {38, 2835}, {42, 2835}};
     Put(bytes, 0, 0x4D42, 2);
     for (const auto& field : fields)
         Put(bytes, field.first, field.second, 4);
     for (unsigned long i = 0; i < colours; ++i)
-        Put(bytes, 54 + 4 * i, GetBValue(PaletteColour(i)) | GetGValue(PaletteColour(i)) << 8 | GetRValue(PaletteColour(i)) << 16, 3);
+        Put(bytes, 54 + 4 * i,
+            GetBValue(PaletteColour(i)) | GetGValue(PaletteColour(i)) << 8 | GetRValue(PaletteColour(i)) << 16, 3);
     for (long row = 0; row < height; ++row) {
         size_t line = offset + stride * (topDown ? row : height - 1 - row);
         for (long x = 0; x < width; ++x) {
@@ -56,7 +59,8 @@ class MemoryStream {
 public:
     explicit MemoryStream(const Bytes& source)
         : bytes(source), block(bytes.empty() ? nullptr : bytes.data()),
-          stream(&block, static_cast<unsigned long>(bytes.size()), vSTRING("picture.dib"), 0, vSTREAM_READ | vSTREAM_WRITE) {}
+          stream(&block, static_cast<unsigned long>(bytes.size()), vSTRING("picture.dib"), 0,
+                 vSTREAM_READ | vSTREAM_WRITE) {}
     vSTREAM& operator*() { return stream; }
     vMEMSTREAM* operator->() { return &stream; }
 private:
@@ -89,7 +93,8 @@ inline Pixels ReadPpm(const std::string& path, long& width, long& height)
     int most = 0;
     unsigned char rgb[3];
     Pixels pixels;
-    if (file && std::fscanf(file, "P6 %ld %ld %d", &width, &height, &most) == 3 && most == 255 && std::fgetc(file) != EOF)
+    bool read = file && std::fscanf(file, "P6 %ld %ld %d", &width, &height, &most) == 3 && most == 255;
+    if (read && std::fgetc(file) != EOF)
         while (static_cast<long>(pixels.size()) < width * height && std::fread(rgb, 1, 3, file) == 3)
             pixels.push_back(RGB(rgb[0], rgb[1], rgb[2]));
     if (file)

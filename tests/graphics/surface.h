@@ -20,7 +20,8 @@ const COLORREF White = RGB(255, 255, 255), Black = RGB(0, 0, 0);
 // What a bitmap holds, read back pixel by pixel.
 class Pixels {
 public:
-    explicit Pixels(const vMEMDEVICE& device) : Pixels(device.Bitmap(), device.Size().Width()(), device.Size().Height()()) {}
+    explicit Pixels(const vMEMDEVICE& device)
+        : Pixels(device.Bitmap(), device.Size().Width()(), device.Size().Height()()) {}
 
     Pixels(HBITMAP bitmap, int width, int height) : width(width), height(height), bits(width * height)
     {
@@ -31,7 +32,11 @@ public:
     }
 
     int Read() const { return read; }
-    COLORREF At(int x, int y) const { DWORD pixel = bits[y * width + x]; return RGB(pixel >> 16 & 0xFF, pixel >> 8 & 0xFF, pixel & 0xFF); }
+    COLORREF At(int x, int y) const
+    {
+        DWORD pixel = bits[y * width + x];
+        return RGB(pixel >> 16, pixel >> 8, pixel);
+    }
     int Count(COLORREF colour) const
     {
         int count = 0;
@@ -48,7 +53,8 @@ public:
         for (int y = 0; y < height; ++y)
             for (int x = 0; x < width; ++x)
                 if (At(x, y) != background)
-                    box = {std::min<long>(box[0], x), std::min<long>(box[1], y), std::max<long>(box[2], x + 1), std::max<long>(box[3], y + 1)};
+                    box = {std::min<long>(box[0], x), std::min<long>(box[1], y), std::max<long>(box[2], x + 1),
+                           std::max<long>(box[3], y + 1)};
         return box[2] ? box : std::vector<long>{0, 0, 0, 0};
     }
     // For a person to look at: pngs/<name>.png under the current directory.
@@ -58,7 +64,8 @@ public:
         std::vector<DWORD> opaque(bits);
         for (DWORD& pixel : opaque)
             pixel |= 0xFF000000;
-        WritePng(("pngs/" + name + ".png").c_str(), reinterpret_cast<const unsigned char*>(opaque.data()), width, height);
+        auto rgba = reinterpret_cast<const unsigned char*>(opaque.data());
+        WritePng(("pngs/" + name + ".png").c_str(), rgba, width, height);
     }
 private:
     int width, height;
@@ -75,7 +82,8 @@ inline vLINESPEC Line(COLORREF colour, long width, vDASHTYPE dash = vDASH_SOLID,
 
 inline vLINESPEC NoLine() { return vLINESPEC(vLINE_NONE, vCOLOUR(), 1, vCORNER_MITRE, vDASH_SOLID, nullptr); }
 
-inline vFILLSPEC Fill(COLORREF colour, vFILLTYPE type = vFILL_SOLID, vFILLMODE mode = vFILL_ALTERNATE, COLORREF back = Black)
+inline vFILLSPEC Fill(COLORREF colour, vFILLTYPE type = vFILL_SOLID, vFILLMODE mode = vFILL_ALTERNATE,
+                      COLORREF back = Black)
 {
     return vFILLSPEC(type, Colour(colour), Colour(back), vANGLE(), mode);
 }
@@ -97,7 +105,8 @@ inline unsigned long LiveGdiObjects()
 // A context and bitmap of the test's own, black at first, as the platform
 // hands them to an owner-drawn item; the bitmap goes with the context.
 struct ForeignContext {
-    explicit ForeignContext(int side = 20) : side(side), dc(CreateCompatibleDC(nullptr)), bitmap(CreateBitmap(side, side, 1, 32, nullptr))
+    explicit ForeignContext(int side = 20)
+        : side(side), dc(CreateCompatibleDC(nullptr)), bitmap(CreateBitmap(side, side, 1, 32, nullptr))
     {
         SelectObject(dc, bitmap);
         PatBlt(dc, 0, 0, side, side, BLACKNESS);

@@ -15,46 +15,34 @@ protected:
     vSTRING name{"%s", path.c_str()};
 };
 
-// Small writes wait in the buffer; the file sees them on a move, a read or
-// the close. A move past the end is told by the status and a write there
-// still extends the file. A copy writes to the same file through its own
-// buffer with a clean status; reopening starts again at the beginning.
+// Small writes wait in the buffer; the file sees them on a move, a read or the close. A move past the end is told by
+// the status and a write there still extends the file. A copy writes to the same file through its own buffer with a
+// clean status; reopening starts again at the beginning.
 TEST_F(FileTest, SmallWritesWaitInTheBufferUntilTheFileIsNeeded)
 {
     vFILE file(name, vSTREAM_CREATE);
     for (unsigned long i = 0; i < 100; ++i)
         file.WriteULong(i);
-    EXPECT_TRUE(FileBytes(path).empty());
-    EXPECT_EQ(file.CurrentPos() + file.Size(), 800UL);
-    EXPECT_EQ(file.MoveFromStart(4), 4UL);
-    EXPECT_EQ(FileBytes(path).size(), 400UL);
-    EXPECT_EQ(file.ReadULong(), 1UL);
-    EXPECT_EQ(file.MoveFromEnd(0), 400UL);
-    EXPECT_EQ(file.Status(), vSTREAM_GOOD) << "the end itself is no move past it";
-    EXPECT_EQ(file.MoveFromCur(4), 404UL);
-    EXPECT_EQ(file.Status(), vSTREAM_END);
+    EXPECT_TRUE(FileBytes(path).empty() && file.CurrentPos() + file.Size() == 800);
+    EXPECT_TRUE(file.MoveFromStart(4) == 4 && FileBytes(path).size() == 400 && file.ReadULong() == 1);
+    EXPECT_TRUE(file.MoveFromEnd(0) == 400 && file.Status() == vSTREAM_GOOD) << "the end itself is no move past it";
+    EXPECT_TRUE(file.MoveFromCur(4) == 404 && file.Status() == vSTREAM_END);
     file.WriteSWord(-8);
     file.MoveFromEnd(0);
     {
         vFILE copy(file);
-        EXPECT_EQ(copy.Status(), vSTREAM_GOOD);
-        EXPECT_EQ(&copy.Name(), &file.Name());
+        EXPECT_TRUE(copy.Status() == vSTREAM_GOOD && &copy.Name() == &file.Name());
         copy.WriteUByte('E');
     }
     EXPECT_EQ(file.Close() * 10 + file.Close(), 10);
     Bytes stored = FileBytes(path);
     EXPECT_EQ(Bytes(stored.begin() + 399, stored.end()), (Bytes{0, 0, 0, 0, 0, 0xF8, 0xFF, 'E'}));
-    EXPECT_EQ(file.ReOpen(), 1);
-    EXPECT_EQ(file.CurrentPos() + file.Size(), 407UL);
-    EXPECT_EQ(file.MoveFromStart(404), 404UL);
-    EXPECT_EQ(file.ReadSWord(), -8);
-    EXPECT_EQ(file.ReadSWord(), 0);
-    EXPECT_EQ(file.Status(), vSTREAM_END);
+    EXPECT_TRUE(file.ReOpen() == 1 && file.CurrentPos() + file.Size() == 407 && file.MoveFromStart(404) == 404);
+    EXPECT_TRUE(file.ReadSWord() == -8 && file.ReadSWord() == 0 && file.Status() == vSTREAM_END);
 }
 
-// Reads come from a block read ahead; a write or a move in the middle of it
-// lands where the reader stands, not where the platform has read to. Blocks
-// larger than the buffer go straight through, behind what was waiting.
+// Reads come from a block read ahead; a write or a move in the middle of it lands where the reader stands, not where
+// the platform has read to. Blocks larger than the buffer go straight through, behind what was waiting.
 TEST_F(FileTest, ReadingAheadNeverShowsInPositionsWritesOrMoves)
 {
     const unsigned long longs = 10000;
@@ -66,17 +54,12 @@ TEST_F(FileTest, ReadingAheadNeverShowsInPositionsWritesOrMoves)
     vFILE file(name, vSTREAM_WRITE);
     for (unsigned long i = 0; i < 100; ++i)
         ASSERT_EQ(file.ReadULong(), i);
-    EXPECT_EQ(file.CurrentPos(), 400UL);
-    EXPECT_EQ(file.Size(), longs * 4);
+    EXPECT_TRUE(file.CurrentPos() == 400 && file.Size() == longs * 4);
     file.WriteULong(0xFFFFFFFFUL);
-    EXPECT_EQ(file.ReadULong(), 101UL);
-    EXPECT_EQ(file.MoveFromCur(-8), 400UL);
-    EXPECT_EQ(file.ReadULong(), 0xFFFFFFFFUL);
+    EXPECT_TRUE(file.ReadULong() == 101 && file.MoveFromCur(-8) == 400 && file.ReadULong() == 0xFFFFFFFFUL);
     Bytes rest(longs * 4 - 404 + 2);
     EXPECT_EQ(file.ReadByteString(rest.data(), rest.size()), static_cast<long>(rest.size() - 2));
-    EXPECT_EQ(file.Status(), vSTREAM_END);
-    EXPECT_EQ(rest[0], 101);
-    EXPECT_TRUE(file.AtEnd());
+    EXPECT_TRUE(file.Status() == vSTREAM_END && rest[0] == 101 && file.AtEnd());
     file.MoveFromStart(longs * 4 - 4);
     EXPECT_EQ(file.ReadULong(), longs - 1);
     file.WriteUWord(0x0102);
@@ -101,10 +84,8 @@ TEST_F(FileTest, FilesThatCannotBeOpenedFailCleanly)
     for (const auto& c : cases) {
         vFILE file(vSTRING("%s", c.name.c_str()), c.mode);
         EXPECT_EQ(file.Status(), c.opened) << c.name;
-        EXPECT_EQ(file.WriteULong(1), 0);
-        EXPECT_EQ(file.Status(), vSTREAM_WRITEFAIL);
-        EXPECT_EQ(file.ReadULong(), 0UL);
-        EXPECT_EQ(file.Status(), vSTREAM_END);
+        EXPECT_TRUE(file.WriteULong(1) == 0 && file.Status() == vSTREAM_WRITEFAIL);
+        EXPECT_TRUE(file.ReadULong() == 0 && file.Status() == vSTREAM_END);
         EXPECT_EQ(file.CurrentPos() + file.Size() + file.MoveFromStart(10), 0UL);
         EXPECT_EQ(file.Close() + file.ReOpen(), 0);
     }

@@ -36,9 +36,8 @@ inline IStream* EmptyPlatformStream()
     return CreateStreamOnHGlobal(nullptr, TRUE, &made), made;
 }
 
-// The three concrete streams, each with the bytes its medium holds, seen
-// without the stream, and the status a primitive read past the end leaves:
-// the memory and file streams end, the platform stream reports nothing.
+// The three concrete streams, each with the bytes its medium holds, seen without the stream, and the status a primitive
+// read past the end leaves: the memory and file streams end, the platform stream reports nothing.
 struct MemoryKind {
     static constexpr vSTREAMSTATUS afterShortRead = vSTREAM_END;
     vMEMSTREAM stream;

@@ -2,8 +2,7 @@
 
 #include "base/system.h"
 
-// The test suite's way to the services that only the application object
-// and the window procedures may call.
+// The test suite's way to the services that only the application object and the window procedures may call.
 struct vSYSTEMACCESS {
     static void RegisterApp(vAPP* app, HINSTANCE instance, HWND frame, HWND client)
     {

@@ -20,7 +20,10 @@ const char childSwitch[] = "--zk-child=";
 TraceCapture* activeCapture = nullptr;
 
 std::map<std::string, ChildBody>& Registry() { static std::map<std::string, ChildBody> bodies; return bodies; }
-std::string WithoutReturn(std::string line) { return !line.empty() && line.back() == '\r' ? line.substr(0, line.size() - 1) : line; }
+std::string WithoutReturn(std::string line)
+{
+    return !line.empty() && line.back() == '\r' ? line.substr(0, line.size() - 1) : line;
+}
 }  // namespace
 
 void LeakFreeTest::SetUp() { blocksBefore = vMemLiveBlocks(); }

@@ -1,7 +1,6 @@
-// A whole program of the family, started by the tests as a user would start
-// it: its entry point is the library's start-up. With "iconic" on its command
-// line it starts as an icon; with "language" its title tells the language
-// that its version resource gave it.
+// A whole program of the family, started by the tests as a user would start it: its entry point is the library's
+// start-up. With "iconic" on its command line it starts as an icon; with "language" its title tells the language that
+// its version resource gave it.
 #include <windows.h>
 
 #include "zkshell.h"
