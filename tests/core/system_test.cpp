@@ -1,14 +1,11 @@
-#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <set>
 #include <string>
 #include <vector>
 
-#include "base/iterator.h"
 #include "base/startup.h"
 #include "base/system.h"
-#include "core/apptable.h"
 #include "support/systemaccess.h"
 #include "support/zktest.h"
 
@@ -176,149 +173,6 @@ TEST_F(SystemTest, ExceptionsComplainOnceArmed)
     EXPECT_EQ(watcher.Text(), "Close some windows, please.");
     EXPECT_TRUE(vSYSTEM::GetExceptionFlag() == 0 && vMemLiveBlocks() == blocks + 1);
     delete complaint;
-}
-
-// Puts the platform's idea of the modifier keys in the state a key message would have been sent in.
-void HoldKeys(bool shift, bool control)
-{
-    BYTE state[256];
-    GetKeyboardState(state);
-    state[VK_SHIFT] = state[VK_LSHIFT] = shift ? 0x80 : 0;
-    state[VK_CONTROL] = state[VK_LCONTROL] = control ? 0x80 : 0;
-    SetKeyboardState(state);
-}
-
-class KeyboardTest : public zktest::LeakFreeTest {
-protected:
-    void TearDown() override { HoldKeys(false, false), vSYSTEMACCESS::KeyReset(), LeakFreeTest::TearDown(); }
-    const vKEYBOARD& Keyboard() { return vSYSTEM::GetKeyboard(); }
-};
-
-// One row per message, in order: what is sent with which modifiers held, and the state it leaves. A
-// character message keeps the key of the key press before it; a modifier that is itself the key counts as held.
-TEST_F(KeyboardTest, EachMessageLeavesTheKeyItsModifiersAndItsCharacter)
-{
-    const int none = -1;
-    struct Row { UINT message; unsigned short key; bool shift, control; unsigned short keyCode; int character; };
-    const Row rows[] = {
-        {WM_KEYDOWN, 'A', false, false, 'A', 'a'},           {WM_KEYDOWN, 'A', true, false, 'A', 'A'},
-        {WM_KEYDOWN, '7', false, false, '7', '7'},           {WM_KEYDOWN, VK_RETURN, false, false, VK_RETURN, 13},
-        {WM_KEYDOWN, VK_F1, false, false, VK_F1, none},      {WM_KEYDOWN, VK_LEFT, true, false, VK_LEFT, none},
-        {WM_KEYDOWN, 'Q', false, false, 'Q', 'q'},           {WM_CHAR, 0xE9, false, false, 'Q', 0xE9},
-        {WM_SYSCHAR, 'x', false, true, 'Q', 'x'},            {WM_KEYDOWN, VK_SHIFT, false, false, VK_SHIFT, none},
-        {WM_KEYDOWN, VK_CONTROL, false, false, VK_CONTROL, none},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(std::to_string(row.message) + " " + std::to_string(row.key));
-        HoldKeys(row.shift, row.control);
-        vCHAR* character = vSYSTEMACCESS::KeyEvent(row.message, row.key, 1);
-        EXPECT_EQ(Keyboard().KeyCode(), row.keyCode);
-        EXPECT_EQ(!!Keyboard().Shift(), row.shift || row.key == VK_SHIFT);
-        EXPECT_EQ(!!Keyboard().Ctr(), row.control || row.key == VK_CONTROL);
-        EXPECT_EQ(character ? static_cast<unsigned char>((*character)()) : none, row.character);
-    }
-}
-
-// A copy is a value; the key code is the byte right after the first word of the record.
-TEST_F(KeyboardTest, ResetClearsTheStateWhichCopiesKeep)
-{
-    HoldKeys(true, true);
-    vSYSTEMACCESS::KeyEvent(WM_KEYDOWN, VK_ESCAPE, 1);
-    vKEYBOARD copy = Keyboard();
-    vSYSTEMACCESS::KeyReset();
-    EXPECT_TRUE(Keyboard().KeyCode() == 0 && !Keyboard().Shift() && !Keyboard().Ctr());
-    EXPECT_TRUE(copy.KeyCode() == VK_ESCAPE && copy.Shift() && copy.Ctr());
-    unsigned char record[sizeof(vKEYBOARD)];
-    std::memcpy(record, &copy, sizeof record);
-    EXPECT_TRUE(sizeof(vKEYBOARD) >= 14u && record[4] == VK_ESCAPE);
-}
-
-vAPP* FakeApp(int n) { return reinterpret_cast<vAPP*>(0x1000 + 16 * n); }
-HWND MakeWindow()
-{
-    return CreateWindowExA(0, "STATIC", "", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr);
-}
-
-struct Walked { HINSTANCE instance; HWND frame, client; };
-
-// The entries the system walks, and where the walk's iterator stood after it.
-std::vector<Walked> WalkTable(unsigned short* stepsTaken = nullptr)
-{
-    std::vector<Walked> found;
-    ITERATOR iterator;
-    for (Walked entry{}; vSYSTEMACCESS::GetTavikApp(iterator, entry.instance, entry.frame, entry.client);)
-        found.push_back(entry);
-    if (stepsTaken)
-        *stepsTaken = iterator();
-    return found;
-}
-
-const Walked* Find(const std::vector<Walked>& walked, HWND frame)
-{
-    auto at = std::find_if(walked.begin(), walked.end(), [frame](const Walked& entry) { return entry.frame == frame; });
-    return at == walked.end() ? nullptr : &*at;
-}
-
-class AppTableTest : public zktest::LeakFreeTest {};
-
-// An application is walked only once it has its windows; the walk's iterator counts on past every entry it gave.
-TEST_F(AppTableTest, AnApplicationIsWalkedFromRegistrationWithWindowsToUnregistration)
-{
-    HWND frame = MakeWindow(), client = MakeWindow();
-    size_t before = WalkTable().size();
-    vSYSTEMACCESS::RegisterApp(FakeApp(1), nullptr, nullptr, nullptr);
-    EXPECT_TRUE(vSYSTEM::ActiveApp() == FakeApp(1) && WalkTable().size() == before);
-    vSYSTEMACCESS::RegisterApp(FakeApp(1), GetModuleHandleA(nullptr), frame, client);
-    unsigned short steps = 0;
-    std::vector<Walked> walked = WalkTable(&steps);
-    ASSERT_TRUE(walked.size() == before + 1 && Find(walked, frame));
-    EXPECT_TRUE(Find(walked, frame)->instance == GetModuleHandleA(nullptr) && Find(walked, frame)->client == client);
-    EXPECT_GE(steps, walked.size());
-    vSYSTEMACCESS::UnregisterApp(FakeApp(1));
-    EXPECT_TRUE(vSYSTEM::ActiveApp() == nullptr && Find(WalkTable(), frame) == nullptr);
-    DestroyWindow(frame), DestroyWindow(client);
-}
-
-// The child swaps the roles of its two windows as fast as it can, then ends without unregistering.
-int FlipAndVanish(const std::vector<std::string>&)
-{
-    HWND windows[] = {MakeWindow(), MakeWindow()};
-    vSYSTEMACCESS::RegisterApp(FakeApp(8), nullptr, windows[0], windows[1]);
-    zktest::Report(std::to_string(reinterpret_cast<uintptr_t>(windows[0])) + " " +
-                   std::to_string(reinterpret_cast<uintptr_t>(windows[1])));
-    for (int flip = 0; flip < 4000; ++flip)
-        vSYSTEMACCESS::RegisterApp(FakeApp(8), nullptr, windows[flip % 2 ? 0 : 1], windows[flip % 2 ? 1 : 0]);
-    zktest::Report("done");
-    return 0;
-}
-zktest::ChildEntry flipAndVanish("flip-and-vanish", FlipAndVanish);
-
-// Another program is seen while it runs, never with the frame of one registration and the client of the
-// other, and not at all once it has ended: its slot is free again, and the table holds its capacity.
-TEST_F(AppTableTest, OtherProgramsAreWalkedWholeAndForgottenWhenTheyEnd)
-{
-    zktest::Child child("flip-and-vanish");
-    std::string handles = child.ReadLine() + " 0";
-    HWND first = reinterpret_cast<HWND>(std::stoull(handles));
-    HWND second = reinterpret_cast<HWND>(std::stoull(handles.substr(handles.find(' ') + 1)));
-    int sightings = 0, torn = 0;
-    while (child.ReadLine(0).empty() && child.Wait(0) == STILL_ACTIVE)
-        for (const Walked& entry : WalkTable())
-            if (entry.frame == first || entry.frame == second) {
-                ++sightings;
-                torn += entry.client != (entry.frame == first ? second : first);
-            }
-    EXPECT_TRUE(sightings > 0 && torn == 0) << sightings << " sightings, " << torn << " torn";
-    EXPECT_EQ(child.Wait(), 0u);
-    EXPECT_TRUE(!Find(WalkTable(), first) && !Find(WalkTable(), second));
-    AppTable* table = AppTable::Shared();
-    ASSERT_NE(table, nullptr);
-    unsigned registered = 0;
-    while (registered <= AppTable::Capacity && table->Register(FakeApp(100 + registered), nullptr, nullptr, nullptr))
-        ++registered;
-    EXPECT_EQ(registered, AppTable::Capacity) << "the ended program's slot serves again";
-    for (unsigned n = 0; n < registered; ++n)
-        table->Unregister(FakeApp(100 + n));
 }
 
 }  // namespace

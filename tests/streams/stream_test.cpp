@@ -1,9 +1,7 @@
 #include "support/zktest.h"
 
-#include <cstring>
 #include <functional>
 
-#include "base/memory.h"
 #include "streams/streamkinds.h"
 
 namespace {
@@ -108,113 +106,6 @@ TYPED_TEST(StreamKinds, MovesCountFromTheStartTheCurrentPlaceAndBackFromTheEnd)
     EXPECT_TRUE(stream.CurrentPos() == 4 && stream.Size() == 100 && stream.Status() == vSTREAM_GOOD);
     Bytes stored = kind.Stored();
     EXPECT_EQ(Bytes(stored.begin(), stored.begin() + 5), (Bytes{0, 1, 0xCD, 0xAB, 4}));
-}
-
-class MemStreamTest : public zktest::LeakFreeTest {};
-
-// The moves on an owned block of 100 bytes, each step seeing the state the
-// one before left; the block is freed with its stream and the caller hears.
-TEST_F(MemStreamTest, MovesClampToTheEndAndOnlyAMoveFromTheStartClearsIt)
-{
-    unsigned char* block = static_cast<unsigned char*>(vMemAlloc(100));
-    auto* stream = new vMEMSTREAM(&block, 100, vSTRING(), 1, 0);
-    const struct {
-        const char* what;
-        std::function<unsigned long()> move;
-        unsigned long position;
-        vSTREAMSTATUS status;
-    } steps[] = {
-        {"past the end", [&] { return stream->MoveFromStart(200); }, 100, vSTREAM_END},
-        {"back from the start", [&] { return stream->MoveFromStart(10); }, 10, vSTREAM_GOOD},
-        {"forward past the end", [&] { return stream->MoveFromCur(95); }, 100, vSTREAM_END},
-        {"back again keeps the end", [&] { return stream->MoveFromCur(-50); }, 50, vSTREAM_END},
-        {"from the start clears", [&] { return stream->MoveFromStart(0); }, 0, vSTREAM_GOOD},
-        {"before the start wraps to the end", [&] { return stream->MoveFromCur(-1); }, 100, vSTREAM_END},
-        {"back from the end", [&] { return stream->MoveFromStart(0) + stream->MoveFromEnd(10); }, 90, vSTREAM_GOOD},
-        {"beyond the end from the end, unchecked", [&] { return stream->MoveFromEnd(-10); }, 110, vSTREAM_GOOD},
-        {"a read there takes nothing", [&] { return stream->ReadULong() + stream->CurrentPos(); }, 110, vSTREAM_END},
-    };
-    for (const auto& step : steps) {
-        EXPECT_EQ(step.move(), step.position) << step.what;
-        EXPECT_EQ(stream->Status(), step.status) << step.what;
-    }
-    stream->MoveFromStart(0);
-    Bytes read(100);
-    EXPECT_EQ(stream->ReadByteString(read.data(), 10) + stream->ReadByteString(read.data(), 100), 100);
-    EXPECT_EQ(stream->Status(), vSTREAM_END);
-    delete stream;
-    EXPECT_EQ(block, nullptr);
-}
-
-// Growth writes the moved block's address through the caller's pointer; a borrowed or empty block cannot grow. Whatever
-// the block held past the end, a write beyond it fills the gap with zeros.
-TEST_F(MemStreamTest, OnlyAnOwningStreamGrowsItsBlockAndFillsTheGapsWithZeros)
-{
-    unsigned char* block = static_cast<unsigned char*>(vMemAlloc(4));
-    vMEMSTREAM owning(&block, 4, vSTRING("block"), 1, 0);
-    owning.MoveFromEnd(0);
-    for (unsigned long i = 0; i < 1000; ++i)
-        owning.WriteULong(i);
-    unsigned long fifth = 0;
-    std::memcpy(&fifth, block + 4 + 4 * 5, 4);
-    EXPECT_EQ(fifth, 5UL) << "the caller's pointer follows";
-    vMEMSTREAM fresh, view(fresh);
-    view.WriteULong(0x09090909);  // old bytes past the end, in the shared block
-    EXPECT_TRUE(fresh.MoveFromEnd(-3) == 3 && fresh.WriteBlock(block, 0) == 0);
-    EXPECT_EQ(fresh.Size(), 0UL) << "an empty block fills no gap";
-    fresh.WriteUByte(8);
-    Bytes read(4);
-    fresh.MoveFromStart(0);
-    EXPECT_TRUE(fresh.ReadByteString(read.data(), 4) == 4 && read == (Bytes{0, 0, 0, 8}));
-    unsigned char fixed[4] = {1, 2, 3, 4};
-    unsigned char* borrowedBlock = fixed;
-    unsigned char* none = nullptr;
-    vMEMSTREAM borrowed(&borrowedBlock, 4, vSTRING(), 0, 0), empty(&none, 0, vSTRING(), 1, 0);
-    borrowed.MoveFromStart(2);
-    EXPECT_TRUE(borrowed.WriteUWord(0x0909) + borrowed.WriteUByte(5) + empty.WriteUByte(1) == 2 && fixed[3] == 9);
-    EXPECT_EQ(borrowed.Status() + empty.Status(), 2 * vSTREAM_WRITEFAIL);
-}
-
-// A platform stream of the bytes 0 to 9, standing at 4.
-class OleStreamTest : public zktest::LeakFreeTest {
-protected:
-    void SetUp() override
-    {
-        zktest::LeakFreeTest::SetUp();
-        const unsigned char ten[10] = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9};
-        platform->Write(ten, sizeof ten, nullptr);
-        platform->Seek(LARGE_INTEGER{{4, 0}}, STREAM_SEEK_SET, nullptr);
-    }
-    void TearDown() override { platform->Release(), zktest::LeakFreeTest::TearDown(); }
-
-    ULONG References() { return platform->AddRef(), platform->Release(); }
-
-    IStream* platform = zktest::EmptyPlatformStream();
-};
-
-// A read that cannot be filled answers 0 and leaves both positions and the status as they were; a move the platform
-// refuses leaves the position. The stream takes no reference of its own, and a copy carries on where its source stood.
-TEST_F(OleStreamTest, TakesSizeAndPositionFromThePlatformAndKeepsThemThroughFailures)
-{
-    ULONG before = References();
-    vOLESTREAM stream(&platform, vSTRING("part"), 0);
-    EXPECT_EQ(stream.Size() * 100 + stream.CurrentPos(), 1004UL);
-    EXPECT_EQ(stream.ReadULong(), 0x07060504UL);
-    EXPECT_TRUE(stream.ReadULong() == 0 && stream.CurrentPos() == 8 && stream.Status() == vSTREAM_GOOD);
-    EXPECT_EQ(stream.ReadUByte(), 8) << "the platform's position was given back";
-    EXPECT_EQ(stream.MoveFromCur(-11), 9UL);
-    {
-        vOLESTREAM copy(stream);
-        EXPECT_EQ(copy.Size() * 100 + copy.CurrentPos(), 1009UL);
-        EXPECT_TRUE(copy.ReadUByte() == 9 && copy.AtEnd() && References() == before);
-    }
-    EXPECT_EQ(stream.MoveFromEnd(3), 7UL);
-    stream.MoveFromEnd(0);
-    EXPECT_TRUE(stream.WriteULong(1) == 4 && stream.Size() == 14);
-    STATSTG about;
-    platform->Stat(&about, STATFLAG_NONAME);
-    EXPECT_EQ(about.cbSize.LowPart, 14UL);
-    EXPECT_EQ(References(), before);
 }
 
 }  // namespace
