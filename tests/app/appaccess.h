@@ -49,16 +49,14 @@ using wintest::Pump;
 
 // Destroys the frame, which deletes the application, and takes the quit that the deletion leaves in the queue, so that
 // the next test's loops and boxes run.
-inline void End(HWND frame)
-{
+inline void End(HWND frame) {
     DestroyWindow(frame);
     for (MSG msg; PeekMessageA(&msg, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);) {}
 }
 
 // The platform's items of a menu, each as its identifier and label, with a
 // dash for a separator and "popup:" in front of a popup's label.
-inline std::vector<std::string> Items(HMENU menu)
-{
+inline std::vector<std::string> Items(HMENU menu) {
     std::vector<std::string> items;
     for (int pos = 0; pos < GetMenuItemCount(menu); ++pos) {
         char label[128] = {};
@@ -75,8 +73,7 @@ inline std::vector<std::string> Items(HMENU menu)
 // live blocks is taken and ended before it is compared.
 class FrameTest : public wintest::WindowTest {
 protected:
-    void SetUp() override
-    {
+    void SetUp() override {
         WindowTest::SetUp();
         app = new vAPP(vSTRING("ZkTestFrame"), vSTRING("frame"), 0);
         frame = vAPPACCESS::Frame(*app);

@@ -14,8 +14,7 @@ public:
     int vSize(const vRECT& size) override { return Hear("vSize " + Text(size)); }
     int vQueryClose() override { return Hear("vQueryClose", 1); }
     int vNewWindow() override { return Hear("vNewWindow"); }
-    int vCommand(const vCTRLID& id) override
-    {
+    int vCommand(const vCTRLID& id) override {
         vKEYCODE code = vSYSTEM::GetKeyboard().KeyCode();
         return Hear("vCommand " + std::to_string(id) + (code ? " key " + std::to_string(code) : ""));
     }
@@ -26,8 +25,7 @@ public:
 
     std::map<std::string, int> answers;
     HMENU hint = nullptr;
-    int Hear(const std::string& call, int fallback = 0)
-    {
+    int Hear(const std::string& call, int fallback = 0) {
         std::string name = call.substr(0, call.find(' '));
         return Note(call), answers.count(name) ? answers[name] : fallback;
     }
@@ -37,8 +35,7 @@ class ApplicationTest : public WindowTest {
 protected:
     void Make(int mdi = 0) { app = new APPRECORDER(mdi); frame = vAPPACCESS::Frame(*app); }
     void TearDown() override { apptest::End(frame); WindowTest::TearDown(); }
-    LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0)
-    {
+    LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
         Log().clear();
         return SendMessageA(frame, message, wParam, lParam);
     }
@@ -51,8 +48,7 @@ std::string ClassOf(HWND window) { char name[64] = {}; return GetClassNameA(wind
 
 // The frame is of the program's class, holds the application and its client,
 // and is hidden; its destruction deletes the application and leaves the quit.
-TEST_F(ApplicationTest, TheFrameHoldsTheApplicationAndItsDestructionLeavesTheQuit)
-{
+TEST_F(ApplicationTest, TheFrameHoldsTheApplicationAndItsDestructionLeavesTheQuit) {
     TraceLevel level(1);
     zktest::TraceCapture capture;
     Make();
@@ -78,8 +74,7 @@ TEST_F(ApplicationTest, TheFrameHoldsTheApplicationAndItsDestructionLeavesTheQui
 
 // The frame's messages, and the handler calls each must make. The Window menu's commands arrange the documents and
 // reach no handler; other commands go to the active document first, and no further if it takes them.
-TEST_F(ApplicationTest, FrameMessagesReachTheHandlersAsTheTableSays)
-{
+TEST_F(ApplicationTest, FrameMessagesReachTheHandlersAsTheTableSays) {
     Make(1);
     app->hint = CreatePopupMenu();
     app->answers = {{"vSettingChange", 5}, {"vCommand", 9}};
@@ -125,8 +120,7 @@ TEST_F(ApplicationTest, FrameMessagesReachTheHandlersAsTheTableSays)
 
 // A refused close keeps the frame; the kill message closes through a posted
 // close, which the application is asked about too.
-TEST_F(ApplicationTest, ClosingAsksTheApplication)
-{
+TEST_F(ApplicationTest, ClosingAsksTheApplication) {
     Make();
     app->answers["vQueryClose"] = 0;
     EXPECT_EQ(Send(WM_CLOSE) + Send(WM_QUERYENDSESSION), 0);
@@ -141,8 +135,7 @@ TEST_F(ApplicationTest, ClosingAsksTheApplication)
 }
 
 // The loop keeps the keyboard state for every key, translates accelerators and ends with the quit.
-TEST_F(ApplicationTest, TheLoopFeedsTheKeyboardAndAcceleratorsAndEndsWithTheQuit)
-{
+TEST_F(ApplicationTest, TheLoopFeedsTheKeyboardAndAcceleratorsAndEndsWithTheQuit) {
     Make();
     EXPECT_EQ(app->SetAccel(vRESID(2, app)), 0);
     ASSERT_EQ(app->SetAccel(vRESID(1, app)), 1);

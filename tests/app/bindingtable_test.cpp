@@ -6,8 +6,7 @@ using namespace wintest;
 namespace {
 
 // What the "this" property of a window says, read as the binding is written: the object pointer in a local block.
-vWIN* PropertyInstance(HWND window)
-{
+vWIN* PropertyInstance(HWND window) {
     HANDLE block = IsWindow(window) ? GetPropA(window, "this") : nullptr;
     vWIN** slot = block ? static_cast<vWIN**>(LocalLock(block)) : nullptr;
     vWIN* win = slot ? *slot : nullptr;
@@ -24,8 +23,7 @@ vWIN* Object(unsigned n) { return reinterpret_cast<vWIN*>(UINT_PTR(0x1000 + n));
 // Windows come and go in numbers, so removals move the table's members about; every live, dead, foreign or made-up
 // handle, and every child identifier, still gets the answer the property and the platform give, and every end frees the
 // binding's block.
-TEST_F(WindowTest, TheTableAlwaysAgreesWithThePropertyAndThePlatform)
-{
+TEST_F(WindowTest, TheTableAlwaysAgreesWithThePropertyAndThePlatform) {
     std::vector<RECORDER*> live;
     std::vector<HWND> made, handles = {Top()(), nullptr, HashedTo(3)};
     std::vector<HANDLE> blocks;
@@ -61,8 +59,7 @@ TEST_F(WindowTest, TheTableAlwaysAgreesWithThePropertyAndThePlatform)
 
 // A member sitting in its home slot is never moved back into a gap before
 // it; members crowding one slot close up behind whichever of them goes.
-TEST(BindingTableMechanics, RemovalKeepsEveryOtherMemberReachable)
-{
+TEST(BindingTableMechanics, RemovalKeepsEveryOtherMemberReachable) {
     std::vector<HWND> run;
     for (unsigned slot = 5000; slot < 5008; ++slot)
         for (unsigned n = 0; n < (slot % 4 == 0 ? 2 : slot % 4 == 1 ? 0 : 1); ++n)
@@ -83,8 +80,7 @@ TEST(BindingTableMechanics, RemovalKeepsEveryOtherMemberReachable)
 
 // Once the table has been full it no longer claims to know what it lacks, and
 // a window bound after that is found through its property.
-int OverflowInChild(const std::vector<std::string>&)
-{
+int OverflowInChild(const std::vector<std::string>&) {
     RegisterClasses();
     BindingTable::Binding found{};
     for (unsigned n = 0; BindingTable::Find(HashedTo(7000), found) == BindingTable::ABSENT && n < 20000; ++n)
@@ -98,8 +94,7 @@ int OverflowInChild(const std::vector<std::string>&)
 }
 zktest::ChildEntry overflowInChild("binding-overflow", OverflowInChild);
 
-TEST(BindingTableMechanics, AFullTableFallsBackToTheProperty)
-{
+TEST(BindingTableMechanics, AFullTableFallsBackToTheProperty) {
     zktest::Child child("binding-overflow");
     for (const char* line : {"unknown", "found late", "kept early"})
         EXPECT_EQ(child.ReadLine(), line);

@@ -22,8 +22,7 @@ public:
     using vDOCWIN::Instance;
 
 protected:
-    int MsgHandler(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result) override
-    {
+    int MsgHandler(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result) override {
         if (message != WM_GETMINMAXINFO)
             return vDOCWIN::MsgHandler(message, wParam, lParam, result);
         return reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = POINT{1, 1}, 1;
@@ -31,8 +30,7 @@ protected:
 };
 
 // Shares an amount out over the windows in order, the remainder of each truncating division falling to the later ones.
-Breadths Shares(long amount, size_t count)
-{
+Breadths Shares(long amount, size_t count) {
     Breadths shares;
     for (long left = static_cast<long>(count); left > 0; amount -= shares.back(), --left)
         shares.push_back(amount / left);
@@ -46,8 +44,7 @@ Breadths Filling(size_t count, bool rows, long extent) { return Shares(extent - 
 
 // The outer frames hang one frame outside the client; each window is its breadth plus two frames less one pixel, and
 // the next starts one frame after the last one's breadth.
-Lines Layout(const Breadths& breadths, bool rows, long across = 0)
-{
+Lines Layout(const Breadths& breadths, bool rows, long across = 0) {
     long step = Frame(rows), pos = -step, side = Frame(!rows);
     across = across ? across : rows ? clientWidth : clientHeight;
     Lines rects;
@@ -63,8 +60,7 @@ Lines Layout(const Breadths& breadths, bool rows, long across = 0)
 // One shown frame with a client of a known size serves every test: destroying a shown top-level window is slow.
 class MdiTest : public zktest::LeakFreeTest {
 protected:
-    static void SetUpTestSuite()
-    {
+    static void SetUpTestSuite() {
         app = new vAPP(vSTRING("ZkMdiFrame"), vSTRING("Documents"), 1);
         app->Size(vRECT(0, 0, 720, 560)), app->Show();
         RECT inner;
@@ -77,45 +73,39 @@ protected:
     void TearDown() override { Close(); zktest::LeakFreeTest::TearDown(); }
 
     // Opens documents while no tiling is in force, so that only the arrangement under test places them.
-    static DOCS Open(size_t count)
-    {
+    static DOCS Open(size_t count) {
         for (size_t n = 0; n < count; ++n)
             documents.push_back(new DOCUMENT(*app, "Document")), documents.back()->Show();
         return DOCS(documents.end() - count, documents.end());
     }
     // Closes one document, or all of them.
-    static void Close(vDOCWIN* document = nullptr)
-    {
+    static void Close(vDOCWIN* document = nullptr) {
         for (vDOCWIN* open : DOCS(documents))
             if (!document || open == document)
                 documents.erase(std::find(documents.begin(), documents.end(), open)), delete open;
         Pump();
     }
     // The documents from the topmost down, as the platform stacks them.
-    static DOCS TopmostFirst()
-    {
+    static DOCS TopmostFirst() {
         DOCS order;
         for (HWND child = GetWindow(vAPPACCESS::Client(*app), GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
             if (vWIN* document = DOCUMENT::Instance(child))
                 order.push_back(static_cast<vDOCWIN*>(document));
         return order;
     }
-    static DOCS TileList()
-    {
+    static DOCS TileList() {
         DOCS list;
         for (vDOCWIN* member = vAPPACCESS::TileHead(*app); member; member = vDOCWINACCESS::Next(*member))
             list.push_back(member);
         return list;
     }
     // The breadths the library keeps, and where the windows stand.
-    static Breadths BreadthsOf(const DOCS& windows)
-    {
+    static Breadths BreadthsOf(const DOCS& windows) {
         Breadths breadths;
         for (vDOCWIN* window : windows) breadths.push_back(vDOCWINACCESS::Breadth(*window));
         return breadths;
     }
-    static Lines Rects(const DOCS& windows)
-    {
+    static Lines Rects(const DOCS& windows) {
         Lines rects;
         for (vDOCWIN* window : windows) rects.push_back(Placed((*window)()));
         return rects;
@@ -130,8 +120,7 @@ DOCS MdiTest::documents;
 
 // A tiled window cannot be dragged by its caption, and of its frame only the top edge reaches the library's frame
 // dragging, which clears the drag mark that the test leaves set; a window out of the tiling is not held.
-TEST_F(MdiTest, ATiledWindowHoldsItsPlaceAgainstTheMouse)
-{
+TEST_F(MdiTest, ATiledWindowHoldsItsPlaceAgainstTheMouse) {
     const struct { vMDIARRANGE mode; UINT message; WPARAM hit; bool swallowed; } rows[] = {
         {ARRANGE_COLUMNS, WM_NCMOUSEMOVE, HTLEFT, true},     {ARRANGE_ROWS, WM_NCMOUSEMOVE, HTBOTTOM, true},
         {ARRANGE_COLUMNS, WM_NCMOUSEMOVE, HTTOP, false},     {ARRANGE_CASCADE, WM_NCMOUSEMOVE, HTLEFT, false},
@@ -150,8 +139,7 @@ TEST_F(MdiTest, ATiledWindowHoldsItsPlaceAgainstTheMouse)
 
 // Rows and columns fill the client edge to edge, topmost window first; a window closed leaves its breadth and its frame
 // to the others; arranging again fills afresh.
-TEST_F(MdiTest, RowsAndColumnsPlaceEveryWindowToThePixel)
-{
+TEST_F(MdiTest, RowsAndColumnsPlaceEveryWindowToThePixel) {
     for (size_t count : {1u, 2u, 3u, 5u, 12u}) {
         for (bool rows : {true, false}) {
             SCOPED_TRACE(std::to_string(count) + (rows ? " rows" : " columns"));
@@ -186,8 +174,7 @@ TEST_F(MdiTest, RowsAndColumnsPlaceEveryWindowToThePixel)
 // Only visible windows that are not minimised are tiled; with none the mode is kept all the same. A window minimised
 // under the tiling leaves it and gives its breadth away; restored, it comes back at the head; one shown under the
 // tiling joins at the head with the size it has.
-TEST_F(MdiTest, OnlyShownWindowsThatAreNotMinimisedAreTiled)
-{
+TEST_F(MdiTest, OnlyShownWindowsThatAreNotMinimisedAreTiled) {
     app->ArrangeDocWins(ARRANGE_ROWS);
     EXPECT_TRUE(vAPPACCESS::Arrange(*app) == ARRANGE_ROWS && vAPPACCESS::TileHead(*app) == nullptr);
     app->ArrangeDocWins(ARRANGE_CASCADE);
@@ -214,8 +201,7 @@ TEST_F(MdiTest, OnlyShownWindowsThatAreNotMinimisedAreTiled)
 
 // The user widens a tiled window: it keeps the width given, the windows on each side share what is left, the remainder
 // to those nearest it; a move that keeps the breadth changes nothing.
-TEST_F(MdiTest, ResizingOneWindowSharesTheRestOnEachSide)
-{
+TEST_F(MdiTest, ResizingOneWindowSharesTheRestOnEachSide) {
     Open(5), app->ArrangeDocWins(ARRANGE_COLUMNS);
     DOCS order = TileList();
     Lines before = Rects(order);

@@ -8,8 +8,7 @@ namespace {
 struct PROGRAM {
     PROCESS_INFORMATION process = {};
 
-    explicit PROGRAM(std::string arguments)
-    {
+    explicit PROGRAM(std::string arguments) {
         char path[MAX_PATH];
         GetModuleFileNameA(nullptr, path, MAX_PATH);
         std::string line = "\"" + std::string(path, strrchr(path, '\\') + 1) + "zktwice.exe\" " + arguments;
@@ -18,14 +17,12 @@ struct PROGRAM {
         CreateProcessA(nullptr, &line[0], nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process);
     }
     ~PROGRAM() { TerminateProcess(process.hProcess, 1), CloseHandle(process.hProcess), CloseHandle(process.hThread); }
-    DWORD Wait()
-    {
+    DWORD Wait() {
         DWORD code = STILL_ACTIVE;
         WaitForSingleObject(process.hProcess, 20000);
         return GetExitCodeProcess(process.hProcess, &code), code;
     }
-    HWND Frame()
-    {
+    HWND Frame() {
         for (DWORD deadline = GetTickCount() + 20000; GetTickCount() < deadline; Sleep(20)) {
             HWND frame = FindWindowA("ZkTwiceFrame", nullptr);
             DWORD owner = 0;
@@ -39,8 +36,7 @@ struct PROGRAM {
 
 // A second start restores the iconic first and ends without a loop; the kill message ends the first. A program takes
 // its language from its version resource.
-TEST(FamilyTest, ASecondStartRestoresTheFirstAndEndsWithoutALoop)
-{
+TEST(FamilyTest, ASecondStartRestoresTheFirstAndEndsWithoutALoop) {
     PROGRAM first("iconic");
     HWND frame = first.Frame();
     ASSERT_NE(frame, nullptr);
@@ -63,15 +59,13 @@ TEST(FamilyTest, ASecondStartRestoresTheFirstAndEndsWithoutALoop)
 }
 
 // A window of another program that reports the palette messages it hears.
-LRESULT CALLBACK Ear(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
-{
+LRESULT CALLBACK Ear(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == vSYSTEM::GetPaletteChangeMsg())
         zktest::Report("palette " + std::to_string(wParam));
     return DefWindowProcA(window, message, wParam, lParam);
 }
 
-int Listener(const std::vector<std::string>&)
-{
+int Listener(const std::vector<std::string>&) {
     vAPP* app = new vAPP(vSTRING("ZkListenerFrame"), vSTRING("Listener"), 0);
     WNDCLASSA earClass = {0, Ear, 0, 0, GetModuleHandleA(nullptr), nullptr, nullptr, nullptr, nullptr, "ZkPaletteEar"};
     RegisterClassA(&earClass);
@@ -85,8 +79,7 @@ zktest::ChildEntry listener("palette-listener", Listener);
 
 // A program stores its command line when asked without a value; the palette walk reaches the windows of every
 // registered program, and the kill message ends the other program's loop.
-TEST(FamilyTest, APaletteChangeIsPostedToTheWindowsOfEveryProgram)
-{
+TEST(FamilyTest, APaletteChangeIsPostedToTheWindowsOfEveryProgram) {
     zktest::Child other("palette-listener", "one two");
     EXPECT_EQ(other.ReadLine(), "--zk-child=palette-listener one two");
     HWND frame = reinterpret_cast<HWND>(std::stoull(other.ReadLine()));

@@ -14,8 +14,7 @@ using MenuTest = zktest::LeakFreeTest;
 
 // Items are added, found, changed and removed by position, identifier or label; positions outside the count give
 // nothing, bitmap items are refused; each change of state reports what it changed.
-TEST_F(MenuTest, ItemsAreFoundAndChangedInPlace)
-{
+TEST_F(MenuTest, ItemsAreFoundAndChangedInPlace) {
     vMENU menu, sub;
     menu.Append(vCTRLID(1), vSTRING("One")), menu.Insert(0, vCTRLID(2), vSTRING("Two")), menu.Insert(1);
     menu.Insert(0, sub, vSTRING("Sub"));
@@ -46,8 +45,7 @@ TEST_F(MenuTest, ItemsAreFoundAndChangedInPlace)
 
 // The fixed Window and Help menus at the end of a bar are neither counted nor passed; more fixed items than items wrap
 // the count beyond any position, and a lookup still ends.
-TEST_F(MenuTest, FixedItemsAtTheEndAreNotTheProgramsItems)
-{
+TEST_F(MenuTest, FixedItemsAtTheEndAreNotTheProgramsItems) {
     vMENU bar, window, help, file;
     bar.Append(window, vSTRING("Window")), bar.Append(help, vSTRING("Help")), vAPPACCESS::Fixed(bar, 2);
     EXPECT_TRUE(bar.NoItem() == 0 && bar.Label(0).Null());
@@ -66,8 +64,7 @@ TEST_F(MenuTest, FixedItemsAtTheEndAreNotTheProgramsItems)
 // frame when updated; a set bar shows, hides and clears.
 using MenuBarTest = apptest::FrameTest;
 
-TEST_F(MenuBarTest, TheBarEndsInTheFixedMenusAndFollowsTheFrame)
-{
+TEST_F(MenuBarTest, TheBarEndsInTheFixedMenusAndFollowsTheFrame) {
     vAPP* documents = new vAPP(vSTRING("ZkMenuFrame"), vSTRING("Menus"), 1);
     vMENU* bar = documents->Menu();
     EXPECT_EQ(Items(H(*bar)), (Lines{"popup:&Window", "popup:&Help"}));
@@ -90,8 +87,7 @@ TEST_F(MenuBarTest, TheBarEndsInTheFixedMenusAndFollowsTheFrame)
 // Where the menu stood on the screen while it was up; the menu loop's timer reads it and ends the menu.
 RECT shown;
 
-void CALLBACK NoteAndEnd(HWND, UINT, UINT_PTR timer, DWORD)
-{
+void CALLBACK NoteAndEnd(HWND, UINT, UINT_PTR timer, DWORD) {
     KillTimer(nullptr, timer);
     if (HWND menu = FindWindowA("#32768", nullptr)) GetWindowRect(menu, &shown);
     EndMenu();
@@ -99,8 +95,7 @@ void CALLBACK NoteAndEnd(HWND, UINT, UINT_PTR timer, DWORD)
 
 // Left of a third of the half screen the menu opens to the right of the
 // point, beyond it to the left; the point is the window's client point.
-TEST_F(MenuBarTest, APopupMenuOpensAwayFromTheScreensEdge)
-{
+TEST_F(MenuBarTest, APopupMenuOpensAwayFromTheScreensEdge) {
     vPOPUPMENU menu;
     menu.Append(vCTRLID(1), vSTRING("First item"));
     long half = vDEVICE::GetScreen().Size().Width()() / 2;

@@ -15,8 +15,7 @@ std::string DefaultLine(const std::string& name, UINT message) { return name + "
 
 // Presses the key with the modifiers held, and runs the queue as the
 // application's loop does: the keyboard state follows every key message.
-void Stroke(std::initializer_list<WORD> held, WORD key)
-{
+void Stroke(std::initializer_list<WORD> held, WORD key) {
     std::vector<INPUT> inputs;
     auto add = [&](WORD which, DWORD up) { inputs.push_back(INPUT{INPUT_KEYBOARD, {.ki = {which, 0, up, 0, 0}}}); };
     for (WORD down : held) add(down, 0);
@@ -34,15 +33,13 @@ void Stroke(std::initializer_list<WORD> held, WORD key)
 
 class DispatchTest : public WindowTest {
 protected:
-    void SetUp() override
-    {
+    void SetUp() override {
         WindowTest::SetUp();
         child = new RECORDER(Top(), vRECT(0, 0, 80, 60), "c", WF_NONE, 3);
         child->Show(1), UpdateWindow(C()), Log().clear();
     }
 
-    void TearDown() override
-    {
+    void TearDown() override {
         EnableWindow(Top()(), TRUE);
         if (IsWindow(C())) DestroyWindow(C());
         vPOINTER::ActiveOwner(&Top()), vPOINTER::Off(), vWIN::fBorderDrag = 0, WindowTest::TearDown();
@@ -50,8 +47,7 @@ protected:
 
     HWND C() { return (*child)(); }
 
-    void Run(const ROW& row)
-    {
+    void Run(const ROW& row) {
         SCOPED_TRACE(row.what);
         child->Reset();
         for (const auto& answer : row.answers)
@@ -67,8 +63,7 @@ protected:
     RECORDER* child = nullptr;
 };
 
-TEST_F(DispatchTest, WindowMessagesFollowTheTable)
-{
+TEST_F(DispatchTest, WindowMessagesFollowTheTable) {
     HWND foreign = CreateWindowExA(0, "STATIC", nullptr, WS_CHILD, 0, 0, 5, 5, Top()(), nullptr, nullptr, nullptr);
     const WPARAM top = reinterpret_cast<WPARAM>(Top()());
     const ROW rows[] = {
@@ -129,8 +124,7 @@ TEST_F(DispatchTest, WindowMessagesFollowTheTable)
 
 // Every button's press, release and double press; a taken move, left press
 // or left release ends there, the others go on to the default all the same.
-TEST_F(DispatchTest, MouseMessagesCarrySignedClientPoints)
-{
+TEST_F(DispatchTest, MouseMessagesCarrySignedClientPoints) {
     const struct { UINT message; const char* handler; bool ends; } rows[] = {
         {WM_MOUSEMOVE, "vMouseMove", true}, {WM_LBUTTONDOWN, "vMouseLeftPress", true},
         {WM_LBUTTONUP, "vMouseLeftRelease", true}, {WM_LBUTTONDBLCLK, "vMouseLeftDoublePress", false},
@@ -144,8 +138,7 @@ TEST_F(DispatchTest, MouseMessagesCarrySignedClientPoints)
 }
 
 // The handler is chosen by the keyboard's code of the key, not the message's.
-TEST_F(DispatchTest, KeysAreTranslatedByTheKeyboardsCode)
-{
+TEST_F(DispatchTest, KeysAreTranslatedByTheKeyboardsCode) {
     const struct { WORD fed; WPARAM raw; const char* handler; bool toDefault; } rows[] = {
         {VK_BACK, VK_BACK, "c.vBackspaceKey()", true}, {VK_TAB, VK_TAB, "c.vTabKey()", true},
         {VK_RETURN, VK_RETURN, "c.vEnterKey()", true}, {VK_ESCAPE, VK_ESCAPE, "c.vEscapeKey()", true},
@@ -188,8 +181,7 @@ TEST_F(DispatchTest, KeysAreTranslatedByTheKeyboardsCode)
 
 // The update region is validated whether or not the drawing is taken; the
 // background is erased in its colour, which becomes the fill colour only.
-TEST_F(DispatchTest, PaintDrawsTheUpdateRectangleOnTheErasedBackground)
-{
+TEST_F(DispatchTest, PaintDrawsTheUpdateRectangleOnTheErasedBackground) {
     Watched() = {WM_PAINT};
     RECT dirty = {2, 3, 12, 13};
     InvalidateRect(C(), &dirty, FALSE), UpdateWindow(C());
@@ -208,8 +200,7 @@ TEST_F(DispatchTest, PaintDrawsTheUpdateRectangleOnTheErasedBackground)
     ReleaseDC(C(), dc);
 }
 
-TEST_F(DispatchTest, CommandsFromChildrenNotifyTheirPeers)
-{
+TEST_F(DispatchTest, CommandsFromChildrenNotifyTheirPeers) {
     RECORDER peer(*child, vRECT(0, 0, 5, 5), "peer", WF_NONE, 21);
     RECORDER source(*child, vRECT(10, 0, 15, 5), "source", WF_NONE, 20);
     peer.SetDepend(&source);
@@ -220,8 +211,7 @@ TEST_F(DispatchTest, CommandsFromChildrenNotifyTheirPeers)
     DestroyWindow(peer()), DestroyWindow(source());
 }
 
-TEST_F(DispatchTest, PaletteChangesRepaintOnlyFromTheForeground)
-{
+TEST_F(DispatchTest, PaletteChangesRepaintOnlyFromTheForeground) {
     TraceLevel level(1);
     zktest::TraceCapture capture;
     ValidateRect(C(), nullptr);
@@ -236,8 +226,7 @@ TEST_F(DispatchTest, PaletteChangesRepaintOnlyFromTheForeground)
 
 // Frame dragging: a press without a move sizes the window unchanged, and a
 // release during a drag draws the frame once more to take it away.
-TEST_F(DispatchTest, TheFrameDragEndsWithTheRelease)
-{
+TEST_F(DispatchTest, TheFrameDragEndsWithTheRelease) {
     Run({"caption press", WM_NCLBUTTONDOWN, HTCAPTION, MAKELPARAM(110, 110), {},
          {"c.vBorderDrag((0,0,80,60),null)", "c.vBorderDrag((0,0,80,60),null)", "c.Size((0,0,80,60))"}, false, 0});
     EXPECT_EQ(GetCapture(), nullptr);
@@ -248,8 +237,7 @@ TEST_F(DispatchTest, TheFrameDragEndsWithTheRelease)
 
 // During a drag a move asks whether the window under it takes files: one
 // that does, or has a parent that does, unless a window above it is disabled.
-TEST_F(DispatchTest, MovesDuringADragAskForTheDropWindow)
-{
+TEST_F(DispatchTest, MovesDuringADragAskForTheDropWindow) {
     const struct { const char* what; HWND taker; BOOL enabled; int feedback; } rows[] = {
         {"over nothing that takes files", nullptr, TRUE, 0}, {"over a child of a taker", Top()(), TRUE, 1},
         {"under a disabled taker", Top()(), FALSE, 0},       {"a taker in a disabled window", C(), FALSE, 0},

@@ -8,8 +8,7 @@ HCURSOR Stock(LPCSTR which) { return LoadCursorA(nullptr, which); }
 vRESID Library(unsigned short id) { return vRESID(id, vSYSTEM::Pointer()); }
 
 // False once the cursor is gone.
-bool Alive(HCURSOR cursor)
-{
+bool Alive(HCURSOR cursor) {
     ICONINFO info;
     return GetIconInfo(cursor, &info) && (DeleteObject(info.hbmMask), DeleteObject(info.hbmColor), true);
 }
@@ -20,16 +19,14 @@ bool Alive(HCURSOR cursor)
 class PointerTest : public zktest::LeakFreeTest {
 protected:
     static void SetUpTestSuite() { wintest::RegisterClasses(); }
-    void SetUp() override
-    {
+    void SetUp() override {
         LeakFreeTest::SetUp();
         vPOINTER::bCaptured = vPOINTER::bTraped = 1;
         vPOINTER reset(nullptr);
         EXPECT_EQ(vPOINTER::bCaptured + vPOINTER::bTraped, 0);
         reset.On(), ShowWindow(hostHandle, SW_SHOWNOACTIVATE), child.Show(), wintest::Pump();
     }
-    void TearDown() override
-    {
+    void TearDown() override {
         ReleaseCapture(), ClipCursor(nullptr), DestroyWindow(hostHandle), LeakFreeTest::TearDown();
     }
     vPOINTER& Pointer() { return *child.Pointer(); }
@@ -43,8 +40,7 @@ protected:
 // What the screen shows after each course of a fresh pointer, and the form it holds: its identifier and, for the
 // library's, the library's module. A course: C, W, I the cross, wait and beam forms, 0 the library's form 0, L a drag
 // cursor of the library, + push, - pop, s another's wait cursor, x off, o on, A an activation taken, R one refused.
-TEST_F(PointerTest, FormsReachTheScreenAndTheStackRestoresThem)
-{
+TEST_F(PointerTest, FormsReachTheScreenAndTheStackRestoresThem) {
     const HINSTANCE library = vSYSTEM::Pointer()->GetInstance();
     const struct { const char* course; LPCSTR screen; unsigned short current; HINSTANCE module; unsigned short saved; }
         rows[] = {{"", IDC_WAIT, 0, library, 0},           {"C", IDC_CROSS, PF_CROSS, nullptr, 0},
@@ -92,8 +88,7 @@ std::vector<long> Clip() { RECT r; return GetClipCursor(&r), std::vector<long>{r
 
 // A capture takes the mouse, a confinement is the rectangle on the screen, one a pixel wide or high stands for the
 // client area; a release gives both back, and does nothing without a capture.
-TEST_F(PointerTest, CaptureTakesTheMouseAndReleaseGivesItBack)
-{
+TEST_F(PointerTest, CaptureTakesTheMouseAndReleaseGivesItBack) {
     std::vector<long> free = Clip();
     vRECT rect(5, 6, 50, 40), narrow(5, 6, 6, 40), flat(5, 6, 50, 7);
     vPOINTER::bTraped = 1;

@@ -23,8 +23,7 @@ inline Lines& Log() { static Lines lines; return lines; }
 inline void Note(const std::string& line) { Log().push_back(line); }
 
 // The lines of the log that contain the part.
-inline Lines Only(const std::string& part)
-{
+inline Lines Only(const std::string& part) {
     Lines kept;
     for (const std::string& line : Log())
         if (line.find(part) != std::string::npos) kept.push_back(line);
@@ -41,15 +40,13 @@ struct TraceLevel {
 };
 
 inline std::string Text(const vPOINT& p) { return "(" + std::to_string(p.x()) + "," + std::to_string(p.y()) + ")"; }
-inline std::string Text(const vRECT& r)
-{
+inline std::string Text(const vRECT& r) {
     return "(" + std::to_string(r.Left()()) + "," + std::to_string(r.Top()()) + "," + std::to_string(r.Right()()) +
            "," + std::to_string(r.Bottom()()) + ")";
 }
 
 // The window's rectangle in its parent's client coordinates.
-inline std::string Placed(HWND window)
-{
+inline std::string Placed(HWND window) {
     RECT box;
     GetWindowRect(window, &box);
     MapWindowPoints(nullptr, GetParent(window), reinterpret_cast<POINT*>(&box), 2);
@@ -57,8 +54,7 @@ inline std::string Placed(HWND window)
 }
 
 // The class procedure of the recording windows: what the library leaves to the default processing arrives here.
-inline LRESULT CALLBACK RecordingDefault(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
-{
+inline LRESULT CALLBACK RecordingDefault(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     WCHAR wide[64] = L"";
     if (Watched().count(message))
         Note(std::string(wide, wide + InternalGetWindowText(window, wide, 64)) + " default " + std::to_string(message));
@@ -66,8 +62,7 @@ inline LRESULT CALLBACK RecordingDefault(HWND window, UINT message, WPARAM wPara
 }
 
 // "GENERIC" as the application object registers it, and the recording class.
-inline void RegisterClasses()
-{
+inline void RegisterClasses() {
     HINSTANCE instance = vSYSTEM::Pointer()->GetInstance();
     for (auto kind : {std::make_pair("GENERIC", &DefWindowProcA), std::make_pair("ZKRECORD", &RecordingDefault)}) {
         WNDCLASSA known = {CS_DBLCLKS, kind.second, 0, 0, instance, nullptr, nullptr,
@@ -77,8 +72,7 @@ inline void RegisterClasses()
 }
 
 // Runs what is queued for the thread, short of a quit.
-inline void Pump()
-{
+inline void Pump() {
     MSG message;
     while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE) && message.message != WM_QUIT) {
         TranslateMessage(&message);
@@ -97,8 +91,7 @@ public:
              unsigned short childId = 0)
         : vWIN(parent, rect, style, static_cast<vCLASSID>(1)), name(name) { Create(childId); SetID(childId); }
     // Adopts a window that exists, binding and subclassing it at once.
-    RECORDER(HWND window, const std::string& name) : vWIN(window, vRESID()), name(name)
-    {
+    RECORDER(HWND window, const std::string& name) : vWIN(window, vRESID()), name(name) {
         BindInstance(window);
         SubClass();
     }
@@ -111,8 +104,7 @@ public:
 
     void UpdateView(const vCTRLID& changed) override { Note(name + ".UpdateView(" + std::to_string(changed) + ")"); }
     int vQueryClose() override { return Reply("vQueryClose", "", vWIN::vQueryClose()); }
-    int vBorderDrag(vRECT* newRect, vRECT* oldRect) override
-    {
+    int vBorderDrag(vRECT* newRect, vRECT* oldRect) override {
         return Reply("vBorderDrag", Text(*newRect) + "," + (oldRect ? Text(*oldRect) : "null"), 1);
     }
     void Size(const vRECT& rect) override { Note(name + ".Size(" + Text(rect) + ")"), vWIN::Size(rect); }
@@ -122,13 +114,11 @@ public:
     int vCommandHint(const vCTRLID& id) override { return Reply("vCommandHint", std::to_string(id), 0); }
     int vTimer(const vRESID& id) override { return Reply("vTimer", std::to_string(id()), 0); }
     int vReleaseFocus(vWIN* next) override { return Reply("vReleaseFocus", next ? Named(next) : "null", 0); }
-    int vFunctionKey(unsigned short n) override
-    {
+    int vFunctionKey(unsigned short n) override {
         return Reply("vFunctionKey", std::to_string(n), vWIN::vFunctionKey(n));
     }
     int vCharacterKey(const vCHAR& c) override { return Reply("vCharacterKey", std::string(1, c()), 0); }
-    void vDragFeedback(unsigned char state, const vPOINT& at) override
-    {
+    void vDragFeedback(unsigned char state, const vPOINT& at) override {
         Reply("vDragFeedback", std::to_string(state) + "," + Text(at), 0);
     }
     int vDraw(const vRECT& area) override { return Reply("vDraw", Text(area), 0); }
@@ -147,19 +137,16 @@ public:
 protected:
     int vEraseBkg() override { return Note(name + ".vEraseBkg()"), vWIN::vEraseBkg(); }
 private:
-    static std::string Named(vWIN* win)
-    {
+    static std::string Named(vWIN* win) {
         RECORDER* recorder = dynamic_cast<RECORDER*>(win);
         return recorder ? recorder->name : "?";
     }
-    void Create(unsigned short childId)
-    {
+    void Create(unsigned short childId) {
         lstrcpyA(CreateParams.szClassName, "ZKRECORD");
         CreateParams.lpszTitle = name.c_str();
         CreateParams.hMenuOrId = reinterpret_cast<HMENU>(static_cast<UINT_PTR>(childId)), CreateWin();
     }
-    int Reply(const std::string& handler, const std::string& arguments, int fallback)
-    {
+    int Reply(const std::string& handler, const std::string& arguments, int fallback) {
         Note(name + "." + handler + "(" + arguments + ")");
         return answers.count(handler) ? answers[handler] : fallback;
     }
@@ -169,8 +156,7 @@ private:
 
 // The top-level popup under which the tests make their windows, adopted by a recorder. It lives as long as the program:
 // the platform takes seconds to let an active window go, so it is made once and only hidden between suites.
-inline RECORDER& SharedTop()
-{
+inline RECORDER& SharedTop() {
     alignas(RECORDER) static unsigned char storage[sizeof(RECORDER)];
     static RECORDER* top = nullptr;
     if (!top)
@@ -184,8 +170,7 @@ inline RECORDER& SharedTop()
 // shared top-level window shown and active, and an empty log; it leaves the top-level window as it found it.
 class WindowTest : public zktest::LeakFreeTest {
 protected:
-    static void SetUpTestSuite()
-    {
+    static void SetUpTestSuite() {
         RegisterClasses();
         vDEVICE::GetScreen().Colour(vSCREEN_WINDOW);
         vSYSTEM::GetKeyboard();
@@ -200,8 +185,7 @@ protected:
 
     void SetUp() override { zktest::LeakFreeTest::SetUp(), Log().clear(), Watched().clear(); }
 
-    void TearDown() override
-    {
+    void TearDown() override {
         RECORDER& top = Top();
         while (!top.pDepends->IsEmpty()) top.pDepends->Remove(*top.pDepends->First());
         top.flags = WINF_ERASE, top.updateFlags = 0, top.Reset();

@@ -8,8 +8,7 @@ RECORDER* Bound(HWND window) { return static_cast<RECORDER*>(RECORDER::Instance(
 
 // A child is bound and subclassed over the class procedure, and stands in
 // its parent's logical units: a parent whose origin is moved shifts it.
-TEST_F(WindowTest, AChildIsBoundSubclassedAndPlacedInItsParentsUnits)
-{
+TEST_F(WindowTest, AChildIsBoundSubclassedAndPlacedInItsParentsUnits) {
     RECORDER parent(Top(), vRECT(0, 0, 300, 200), "p");
     parent.Origin(vPOINT(5, -7));
     RECORDER child(parent, vRECT(10, 20, 110, 100), "c", WF_NONE, 7);
@@ -34,8 +33,7 @@ TEST_F(WindowTest, AChildIsBoundSubclassedAndPlacedInItsParentsUnits)
     DestroyWindow(parent());
 }
 
-TEST_F(WindowTest, WindowFlagsChooseTheStyleAndOnlyTheBaseClassCreates)
-{
+TEST_F(WindowTest, WindowFlagsChooseTheStyleAndOnlyTheBaseClassCreates) {
     const struct { vWNDFLAGS flags; DWORD style; } rows[] = {
         {WF_NONE, 0x46000000}, {WF_BORDER, 0x46800000}, {WF_SIZING, 0x46040000}, {WF_BORDER | WF_SIZING, 0x46840000},
         {WF_POPUP, 0x80840000}};
@@ -52,8 +50,7 @@ TEST_F(WindowTest, WindowFlagsChooseTheStyleAndOnlyTheBaseClassCreates)
 
 // A window made with new goes with its platform window, and its platform
 // window with it; a member outlives its platform window, unbound.
-TEST_F(WindowTest, NewedWindowsGoWithTheirPlatformWindowsAndMembersStay)
-{
+TEST_F(WindowTest, NewedWindowsGoWithTheirPlatformWindowsAndMembersStay) {
     Watched() = {WM_DESTROY};
     RECORDER* newed = new RECORDER(Top(), vRECT(0, 0, 30, 30), "n");
     EXPECT_EQ(newed->flags, WINF_ERASE | WINF_NEWED);
@@ -75,8 +72,7 @@ TEST_F(WindowTest, NewedWindowsGoWithTheirPlatformWindowsAndMembersStay)
 }
 
 // Children, the focus and the active window are found through the binding: a foreign window is none of the library's.
-TEST_F(WindowTest, WindowsAreFoundOnlyThroughTheBinding)
-{
+TEST_F(WindowTest, WindowsAreFoundOnlyThroughTheBinding) {
     RECORDER child(Top(), vRECT(0, 0, 30, 20), "c", WF_NONE, 12);
     HWND foreign = CreateWindowExA(0, "STATIC", nullptr, WS_CHILD | WS_VISIBLE, 0, 0, 5, 5, Top()(),
                                    reinterpret_cast<HMENU>(13), nullptr, nullptr);
@@ -101,8 +97,7 @@ TEST_F(WindowTest, WindowsAreFoundOnlyThroughTheBinding)
 
 // A change of a updates the windows that depend on it, each once, in the order of the platform's child list; a window
 // still waiting for another marked one ends the walk, leaving the marks. "ba" reads "b depends on a".
-TEST_F(WindowTest, AChangeUpdatesItsDependantsOnceEach)
-{
+TEST_F(WindowTest, AChangeUpdatesItsDependantsOnceEach) {
     const struct {
         const char *depends, *order, *premarked;
         Lines updates;

@@ -13,8 +13,7 @@ class ListTest : public zktest::LeakFreeTest {
 protected:
     using Objects = std::vector<vOBJECT*>;
     // The objects from head to tail, checked against the walk from tail to head.
-    static Objects Walk(const fLIST& list)
-    {
+    static Objects Walk(const fLIST& list) {
         Objects forward, backward;
         for (fLINK* link = list.Next(nullptr); link; link = list.Next(link))
             forward.push_back(link->Object());
@@ -28,8 +27,7 @@ protected:
 
 // Links come from the shared allocator and die with the list; the same object
 // twice makes two links, and search and removal go by identity.
-TEST_F(ListTest, AppendPrependAndRemoveKeepTheChainAndEnds)
-{
+TEST_F(ListTest, AppendPrependAndRemoveKeepTheChainAndEnds) {
     unsigned long blocks = vMemLiveBlocks();
     {
         fLIST list;
@@ -51,8 +49,7 @@ TEST_F(ListTest, AppendPrependAndRemoveKeepTheChainAndEnds)
 }
 
 // Queues enter at the head and leave at the tail; stacks are last in, first out.
-TEST_F(ListTest, QueuesAndStacks)
-{
+TEST_F(ListTest, QueuesAndStacks) {
     fQUEUE queue;
     for (vOBJECT* object : {&a, &b, &c})
         queue.Push(*object);
@@ -70,8 +67,7 @@ TEST_F(ListTest, QueuesAndStacks)
 }
 
 // Copies and assigned lists share the chain, so none of them is destroyed: only one may free it.
-TEST_F(ListTest, CopiesAndAssignmentShareTheChain)
-{
+TEST_F(ListTest, CopiesAndAssignmentShareTheChain) {
     fLIST list;
     fSTACK stack;
     list.Append(a), stack.Push(a), stack.Push(b);
@@ -87,8 +83,7 @@ TEST_F(ListTest, CopiesAndAssignmentShareTheChain)
 
 // A link's death joins its neighbours; it holds its object by identity. An iterator follows the chain
 // and counts on when it runs out; equality compares the counts alone.
-TEST_F(ListTest, LinksJoinTheirNeighboursWhenTheyDieAndIteratorsCount)
-{
+TEST_F(ListTest, LinksJoinTheirNeighboursWhenTheyDieAndIteratorsCount) {
     fLIST reader;  // empty: its Next and Prev of a link are that link's own pointers
     fLINK left(a, nullptr, nullptr), right(c, nullptr, nullptr);
     {
@@ -115,8 +110,7 @@ TEST_F(ListTest, LinksJoinTheirNeighboursWhenTheyDieAndIteratorsCount)
 
 // Six words with the type in the fourth, which fills the low half of its word on the 64-bit build.
 // A collection of points shares the caller's array.
-TEST_F(ListTest, CollectionsAreSixWordsAndSharePoints)
-{
+TEST_F(ListTest, CollectionsAreSixWordsAndSharePoints) {
     ASSERT_EQ(sizeof(vCOLLECTION), 6 * sizeof(void*));
     vCOLLECTION real(ARRAY_REAL);
     uintptr_t words[6];

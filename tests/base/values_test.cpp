@@ -14,8 +14,7 @@ using zktest::StreamForm;
 
 // Whole numbers wrap at 32 bits, shift keeping the sign and divide toward zero; reals are raw 16.16 words, and a whole
 // number mixed with a real goes through a wide intermediate. Division by zero answers 0.
-TEST(ValuesTest, ArithmeticOnRawWords)
-{
+TEST(ValuesTest, ArithmeticOnRawWords) {
     struct Row { long got, expected; };
     const Row rows[] = {
         {(vINT(LONG_MAX) + vINT(1))(), LONG_MIN}, {(-vINT(LONG_MIN))(), LONG_MIN}, {(vINT(-7) / vINT(2))(), -3},
@@ -33,8 +32,7 @@ TEST(ValuesTest, ArithmeticOnRawWords)
 }
 
 // Zero rounds to -1, as it always has; the three land on the same pixels otherwise.
-TEST(ValuesTest, FloorRoundAndCeilOfReals)
-{
+TEST(ValuesTest, FloorRoundAndCeilOfReals) {
     struct Row { double value; long floor, round, ceil; };
     for (const Row& row : {Row{2.0, 2, 2, 2}, Row{1.5, 1, 2, 2}, Row{1.25, 1, 1, 2}, Row{0.25, 0, 0, 1},
                            Row{0.0, 0, -1, 0}, Row{-0.25, -1, -1, -2}, Row{-0.5, -1, -1, -2}, Row{-1.0, -1, -2, -1},
@@ -45,8 +43,7 @@ TEST(ValuesTest, FloorRoundAndCeilOfReals)
     }
 }
 
-TEST(ValuesTest, SineAndCosineAreExactAtQuarterTurnsAndCloseBetween)
-{
+TEST(ValuesTest, SineAndCosineAreExactAtQuarterTurnsAndCloseBetween) {
     for (double angle : {0.0, 90.0, 180.0, 270.0, -90.0, 450.0, 30.0, 45.5, 150.25, 200.0, 330.0, -60.0, 89.9}) {
         double radians = angle * 3.14159265358979 / 180.0, tolerance = std::fmod(angle, 90.0) == 0 ? 0.001 : 4.0;
         EXPECT_NEAR(vANGLE(angle).Sin()(), std::sin(radians) * 65536, tolerance) << angle;
@@ -55,8 +52,7 @@ TEST(ValuesTest, SineAndCosineAreExactAtQuarterTurnsAndCloseBetween)
 }
 
 // A character is the low byte, ordered as a signed char, classified by plain ASCII.
-TEST(ValuesTest, CharactersHoldTheLowByteAndClassifyByPlainAscii)
-{
+TEST(ValuesTest, CharactersHoldTheLowByteAndClassifyByPlainAscii) {
     char out = 0;
     EXPECT_TRUE(vCHAR(0x126).Symbol(out) == '&' && out == '&' && vCHAR(0xFF).Next()() == 0);
     EXPECT_TRUE(vCHAR(0x80) < vCHAR('A') && !(vCHAR(0x80) >= vCHAR('A')) && vCHAR('A') > vCHAR(0x80));
@@ -73,8 +69,7 @@ TEST(ValuesTest, CharactersHoldTheLowByteAndClassifyByPlainAscii)
 
 // Points add componentwise, scale flooring, and order by dominance: a < b only
 // when both coordinates are less. Ranges do the same with their two ends.
-TEST(ValuesTest, PointsAndRangesWorkOnBothParts)
-{
+TEST(ValuesTest, PointsAndRangesWorkOnBothParts) {
     EXPECT_TRUE(vPOINT(1, -2) + vPOINT(10, 20) == vPOINT(11, 18) && vPOINT(1, -2) - vPOINT(10, 20) == vPOINT(-9, -22));
     EXPECT_TRUE(vPOINT(3, -3) * vREAL(0.5) == vPOINT(1, -2) && vPOINT(7, -7) / vREAL(2) == vPOINT(3, -4));
     EXPECT_TRUE(vPOINT(1, 2) != vPOINT(0, 2) && !(vPOINT(1, 2) == vPOINT(1, 3)));
@@ -92,8 +87,7 @@ TEST(ValuesTest, PointsAndRangesWorkOnBothParts)
 
 // Right and bottom are the last pixels inside for the edges and the width, which never normalises; capture and the hit
 // test take them as the first pixel outside.
-TEST(ValuesTest, RectanglesKeepTheirEdgesAndExcludeRightAndBottom)
-{
+TEST(ValuesTest, RectanglesKeepTheirEdgesAndExcludeRightAndBottom) {
     vRECT rect(vPOINT(10, 10), 5, 5);
     EXPECT_TRUE(rect == vRECT(10, 10, 14, 14) && rect.Width()() == 4);
     rect.Right(vINT(4));
@@ -124,8 +118,7 @@ TEST(ValuesTest, RectanglesKeepTheirEdgesAndExcludeRightAndBottom)
 
 // Years are cut to sixteen bits; subtraction changes the left field by field without borrowing; the
 // order is chronological.
-TEST(ValuesTest, DatesCountFieldByFieldAndWriteTheTimeFirst)
-{
+TEST(ValuesTest, DatesCountFieldByFieldAndWriteTheTimeFirst) {
     EXPECT_EQ(vDATETIME(1, 1, 0x10007, 0, 0, 0).Year()(), 7);
     vDATETIME a(1, 1, 2000, 5, 0, 30);
     EXPECT_EQ(&(a - vDATETIME(1, 1, 1990, 2, 1, 10)), &a);
@@ -140,8 +133,7 @@ TEST(ValuesTest, DatesCountFieldByFieldAndWriteTheTimeFirst)
 }
 
 // A resource number takes its module's handle but compares alone; the default is number 0 of the base library.
-TEST(ValuesTest, ResourceIdentifiers)
-{
+TEST(ValuesTest, ResourceIdentifiers) {
     struct Module : vMODULE {
         HINSTANCE GetInstance() const override { return reinterpret_cast<HINSTANCE>(0x4000); }
     } one;
@@ -153,8 +145,7 @@ TEST(ValuesTest, ResourceIdentifiers)
 
 // Little-endian throughout, in field order; a date's order is not its constructor's. A resource identifier is its
 // module handle, pointer wide, then its number in sixteen bits.
-TEST(ValuesTest, StreamForms)
-{
+TEST(ValuesTest, StreamForms) {
     vRESID resid(0x1234, vSYSTEM::Pointer());
     StreamBytes handle;
     for (size_t at = 0; at < sizeof(HINSTANCE); ++at)
@@ -176,16 +167,14 @@ TEST(ValuesTest, StreamForms)
         EXPECT_EQ(row.got, row.expected) << "row " << &row - rows;
 }
 
-template <class T> void ExpectReadBack(const T& value)
-{
+template <class T> void ExpectReadBack(const T& value) {
     T read;
     EXPECT_TRUE(ReadStreamForm(StreamForm(value), read) == vSTREAM_GOOD && read == value);
 }
 
 // Each value reads back what it wrote; a value that the bytes cannot fill whole ends the stream, a
 // number coming back as 0 and a rectangle keeping the edges it read.
-TEST(ValuesTest, StreamFormsReadBack)
-{
+TEST(ValuesTest, StreamFormsReadBack) {
     ExpectReadBack(vINT(-2)), ExpectReadBack(vCHAR(0x80)), ExpectReadBack(vCTRLID(9));
     ExpectReadBack(vANGLE(-390.0)), ExpectReadBack(vRANGE(vREAL(0.5), vREAL(2)));
     ExpectReadBack(vDATETIME(24, 12, 1996, 23, 59, 58));

@@ -3,8 +3,7 @@
 
 #include <zkshell.h>
 
-int main()
-{
+int main() {
     vRECT frame(vPOINT(vINT(10), vINT(10)), vINT(5), vINT(5));
     vSTRING path("%s", "C:\\ZKSHELL\\README.TXT");
     vSTRING name = path.RemoveFromEnd(vCHAR('\\'));

@@ -10,16 +10,14 @@
 namespace {
 
 vAPP* FakeApp(int n) { return reinterpret_cast<vAPP*>(0x1000 + 16 * n); }
-HWND MakeWindow()
-{
+HWND MakeWindow() {
     return CreateWindowExA(0, "STATIC", "", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr);
 }
 
 struct Walked { HINSTANCE instance; HWND frame, client; };
 
 // The entries the system walks, and where the walk's iterator stood after it.
-std::vector<Walked> WalkTable(unsigned short* stepsTaken = nullptr)
-{
+std::vector<Walked> WalkTable(unsigned short* stepsTaken = nullptr) {
     std::vector<Walked> found;
     ITERATOR iterator;
     for (Walked entry{}; vSYSTEMACCESS::GetTavikApp(iterator, entry.instance, entry.frame, entry.client);)
@@ -29,8 +27,7 @@ std::vector<Walked> WalkTable(unsigned short* stepsTaken = nullptr)
     return found;
 }
 
-const Walked* Find(const std::vector<Walked>& walked, HWND frame)
-{
+const Walked* Find(const std::vector<Walked>& walked, HWND frame) {
     auto at = std::find_if(walked.begin(), walked.end(), [frame](const Walked& entry) { return entry.frame == frame; });
     return at == walked.end() ? nullptr : &*at;
 }
@@ -38,8 +35,7 @@ const Walked* Find(const std::vector<Walked>& walked, HWND frame)
 class AppTableTest : public zktest::LeakFreeTest {};
 
 // An application is walked only once it has its windows; the walk's iterator counts on past every entry it gave.
-TEST_F(AppTableTest, AnApplicationIsWalkedFromRegistrationWithWindowsToUnregistration)
-{
+TEST_F(AppTableTest, AnApplicationIsWalkedFromRegistrationWithWindowsToUnregistration) {
     HWND frame = MakeWindow(), client = MakeWindow();
     size_t before = WalkTable().size();
     vSYSTEMACCESS::RegisterApp(FakeApp(1), nullptr, nullptr, nullptr);
@@ -56,8 +52,7 @@ TEST_F(AppTableTest, AnApplicationIsWalkedFromRegistrationWithWindowsToUnregistr
 }
 
 // The child swaps the roles of its two windows as fast as it can, then ends without unregistering.
-int FlipAndVanish(const std::vector<std::string>&)
-{
+int FlipAndVanish(const std::vector<std::string>&) {
     HWND windows[] = {MakeWindow(), MakeWindow()};
     vSYSTEMACCESS::RegisterApp(FakeApp(8), nullptr, windows[0], windows[1]);
     zktest::Report(std::to_string(reinterpret_cast<uintptr_t>(windows[0])) + " " +
@@ -71,8 +66,7 @@ zktest::ChildEntry flipAndVanish("flip-and-vanish", FlipAndVanish);
 
 // Another program is seen while it runs, never with the frame of one registration and the client of the
 // other, and not at all once it has ended: its slot is free again, and the table holds its capacity.
-TEST_F(AppTableTest, OtherProgramsAreWalkedWholeAndForgottenWhenTheyEnd)
-{
+TEST_F(AppTableTest, OtherProgramsAreWalkedWholeAndForgottenWhenTheyEnd) {
     zktest::Child child("flip-and-vanish");
     std::string handles = child.ReadLine() + " 0";
     HWND first = reinterpret_cast<HWND>(std::stoull(handles));

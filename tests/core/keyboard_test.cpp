@@ -7,8 +7,7 @@
 namespace {
 
 // Puts the platform's idea of the modifier keys in the state a key message would have been sent in.
-void HoldKeys(bool shift, bool control)
-{
+void HoldKeys(bool shift, bool control) {
     BYTE state[256];
     GetKeyboardState(state);
     state[VK_SHIFT] = state[VK_LSHIFT] = shift ? 0x80 : 0;
@@ -24,8 +23,7 @@ protected:
 
 // One row per message, in order: what is sent with which modifiers held, and the state it leaves. A
 // character message keeps the key of the key press before it; a modifier that is itself the key counts as held.
-TEST_F(KeyboardTest, EachMessageLeavesTheKeyItsModifiersAndItsCharacter)
-{
+TEST_F(KeyboardTest, EachMessageLeavesTheKeyItsModifiersAndItsCharacter) {
     const int none = -1;
     struct Row { UINT message; unsigned short key; bool shift, control; unsigned short keyCode; int character; };
     const Row rows[] = {
@@ -48,8 +46,7 @@ TEST_F(KeyboardTest, EachMessageLeavesTheKeyItsModifiersAndItsCharacter)
 }
 
 // A copy is a value; the key code is the byte right after the first word of the record.
-TEST_F(KeyboardTest, ResetClearsTheStateWhichCopiesKeep)
-{
+TEST_F(KeyboardTest, ResetClearsTheStateWhichCopiesKeep) {
     HoldKeys(true, true);
     vSYSTEMACCESS::KeyEvent(WM_KEYDOWN, VK_ESCAPE, 1);
     vKEYBOARD copy = Keyboard();

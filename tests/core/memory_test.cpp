@@ -9,8 +9,7 @@ namespace {
 
 class MemoryTest : public zktest::LeakFreeTest {
 protected:
-    void ExpectLive(unsigned long blocks, unsigned long bytes)
-    {
+    void ExpectLive(unsigned long blocks, unsigned long bytes) {
         EXPECT_EQ(vMemLiveBlocks(), blocksBefore + blocks);
         EXPECT_EQ(vMemLiveBytes(), bytesBefore + bytes);
     }
@@ -18,8 +17,7 @@ protected:
 };
 
 // Blocks are aligned for any value and keep their contents as they grow and shrink.
-TEST_F(MemoryTest, CountsLiveBlocksAndBytesThroughAllocFreeAndRealloc)
-{
+TEST_F(MemoryTest, CountsLiveBlocksAndBytesThroughAllocFreeAndRealloc) {
     char* first = static_cast<char*>(vMemAlloc(16));
     void* second = vMemAlloc(3);
     EXPECT_EQ(reinterpret_cast<uintptr_t>(second) % 8, 0u);
@@ -39,8 +37,7 @@ TEST_F(MemoryTest, CountsLiveBlocksAndBytesThroughAllocFreeAndRealloc)
 }
 
 // A block freed twice, a pointer into something else, a size the heap cannot give: all refused, none counted.
-TEST_F(MemoryTest, RefusesWhatIsNotALiveBlock)
-{
+TEST_F(MemoryTest, RefusesWhatIsNotALiveBlock) {
     vMemFree(nullptr);
     std::vector<void*> blocks;
     for (int n = 0; n < 32; ++n)
@@ -59,8 +56,7 @@ TEST_F(MemoryTest, RefusesWhatIsNotALiveBlock)
 }
 
 // Blocks outlive the threads that made them and other threads free them: the counts stay exact.
-TEST_F(MemoryTest, CountsStayExactAcrossThreads)
-{
+TEST_F(MemoryTest, CountsStayExactAcrossThreads) {
     std::vector<void*> made[8];
     auto inThreads = [&made](void (*body)(std::vector<void*>&)) {
         std::vector<std::thread> threads;
@@ -78,8 +74,7 @@ TEST_F(MemoryTest, CountsStayExactAcrossThreads)
 int handlerCalls = 0;
 unsigned lastFailedSize = 0;
 
-TEST_F(MemoryTest, FailedNewAsksTheHandlerUntilItGivesUp)
-{
+TEST_F(MemoryTest, FailedNewAsksTheHandlerUntilItGivesUp) {
     vNEWHANDLER previous = vMemSetNewHandler(nullptr);
     EXPECT_EQ(vMemNew(0xFFFFFFF0UL), nullptr);
     vNEWHANDLER retryOnce = [](unsigned size) -> int { return lastFailedSize = size, ++handlerCalls == 1; };

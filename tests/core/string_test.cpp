@@ -15,15 +15,13 @@ class StringTest : public zktest::LeakFreeTest {};
 
 // A string as an operation left it, and the text it must hold.
 struct Made { vSTRING got; std::string expected; };
-template <size_t N> void ExpectTexts(const Made (&rows)[N])
-{
+template <size_t N> void ExpectTexts(const Made (&rows)[N]) {
     for (size_t n = 0; n < N; ++n)
         EXPECT_EQ(rows[n].got(), rows[n].expected) << "row " << n;
 }
 
 // Empty strings share one text and allocate nothing.
-TEST_F(StringTest, CopiesOwnTheirTextMovesEmptyTheSourceAndJoinsMakeNewStrings)
-{
+TEST_F(StringTest, CopiesOwnTheirTextMovesEmptyTheSourceAndJoinsMakeNewStrings) {
     unsigned long before = vMemLiveBlocks();
     vSTRING empty, formatted("");
     EXPECT_TRUE(vMemLiveBlocks() == before && formatted() == empty());
@@ -44,8 +42,7 @@ TEST_F(StringTest, CopiesOwnTheirTextMovesEmptyTheSourceAndJoinsMakeNewStrings)
     EXPECT_TRUE(vSTRING().Char(65535)() == 0 && vSTRING("\xE9").Char(0)() == '\xE9');
 }
 
-TEST_F(StringTest, FormatsLikeTheWindowsFormatter)
-{
+TEST_F(StringTest, FormatsLikeTheWindowsFormatter) {
     // A pointer shows all its digits: eight on the 32-bit build, sixteen on the 64-bit.
     const std::string zeros(2 * sizeof(void*) - 4, '0');
     void* pointer = reinterpret_cast<void*>(0x1234);
@@ -76,8 +73,7 @@ TEST_F(StringTest, FormatsLikeTheWindowsFormatter)
     });
 }
 
-TEST_F(StringTest, TextsStopAtSixteenBitsOfLength)
-{
+TEST_F(StringTest, TextsStopAtSixteenBitsOfLength) {
     std::string first(40000, 'x'), second(40000, 'y');
     vSTRING both("%s%s", first.c_str(), second.c_str());
     EXPECT_TRUE(both.Length() == 65535 && both.Char(39999)() == 'x' && both.Char(65534)() == 'y');
@@ -85,8 +81,7 @@ TEST_F(StringTest, TextsStopAtSixteenBitsOfLength)
 }
 
 // Reals show up to four rounded decimals.
-TEST_F(StringTest, NumbersAndResourcesMakeTheirText)
-{
+TEST_F(StringTest, NumbersAndResourcesMakeTheirText) {
     ExpectTexts({{vSTRING(vINT(0)), "0"}, {vSTRING(vINT(-42)), "-42"}, {vSTRING(vINT(LONG_MIN)), "-2147483648"},
                  {vSTRING(vREAL(1.5)), "1.5"}, {vSTRING(vREAL(-0.25)), "-0.25"}, {vSTRING(vREAL(2.0)), "2"},
                  {vSTRING(vREAL(0.0)), "0"}, {vSTRING(vREAL(1.0 / 3)), "0.3333"}, {vSTRING(vREAL(2.0 / 3)), "0.6667"},
@@ -95,8 +90,7 @@ TEST_F(StringTest, NumbersAndResourcesMakeTheirText)
                  {vSTRING(vRESID(31128, vSYSTEM::Pointer())), "OK"}, {vSTRING(vRESID(12345, vSYSTEM::Pointer())), ""}});
 }
 
-TEST_F(StringTest, CutsAtDelimiters)
-{
+TEST_F(StringTest, CutsAtDelimiters) {
     struct Field { const char* text; unsigned short n; const char *field, *before; };
     const Field fields[] = {{"C:\\FOO\\BAR", 0, "C:", ""}, {"C:\\FOO\\BAR", 1, "FOO", "C:"},
                             {"C:\\FOO\\BAR", 2, "BAR", "C:\\FOO"}, {"C:\\FOO\\BAR", 3, "", "C:\\FOO\\BAR"},
@@ -128,8 +122,7 @@ TEST_F(StringTest, CutsAtDelimiters)
     }
 }
 
-TEST_F(StringTest, FindsAndCountsWithoutOverlapAndConvertsCase)
-{
+TEST_F(StringTest, FindsAndCountsWithoutOverlapAndConvertsCase) {
     struct Search { const char *text, *needle, *found; unsigned short occurrences; };
     const Search searches[] = {{"BMP DIB", "DIB", "DIB", 1}, {"BMP", "M", "MP", 1}, {"BMP", "TIF", "", 0},
                                {"banana", "an", "anana", 2}, {"aaaa", "aa", "aaaa", 2}, {"abc", "abcd", "", 0},
@@ -146,8 +139,7 @@ TEST_F(StringTest, FindsAndCountsWithoutOverlapAndConvertsCase)
     EXPECT_STREQ(name.ConvertLower()(), "abc.txt \xE9");
 }
 
-TEST_F(StringTest, ComparesBytesAsSignedCharactersWithCase)
-{
+TEST_F(StringTest, ComparesBytesAsSignedCharactersWithCase) {
     struct Order { const char *left, *right; bool greater, equal; };
     const Order orders[] = {{"b", "a", 1, 0}, {"a", "b", 0, 0}, {"a", "a", 0, 1}, {"ab", "a", 1, 0}, {"a", "ab", 0, 0},
                             {"a", "B", 1, 0}, {"A", "\xE9", 1, 0}, {"a", "a\xE9", 0, 0}, {"", "", 0, 1}};
@@ -161,13 +153,11 @@ TEST_F(StringTest, ComparesBytesAsSignedCharactersWithCase)
 
 // Each language's texts sit in a block of their own among the base library's
 // resources; a language the library does not know takes the British ones.
-std::string Load(unsigned short id, unsigned short language)
-{
+std::string Load(unsigned short id, unsigned short language) {
     return vSTRING(vRESID(id + vSTRING::LanguageOffset(language), vSYSTEM::Pointer()))();
 }
 
-TEST(LanguageTest, EachLanguageHasItsBlockOfTexts)
-{
+TEST(LanguageTest, EachLanguageHasItsBlockOfTexts) {
     const unsigned short languages[] = {2057, 1033, 1031, 1036, 1053}, offsets[] = {0, 1000, 2000, 3000, 4000};
     std::set<std::string> cascades;
     for (int n = 0; n < 5; ++n) {

@@ -15,8 +15,7 @@ using Lines = std::vector<std::string>;
 
 class SystemTest : public zktest::LeakFreeTest {
 protected:
-    void TearDown() override
-    {
+    void TearDown() override {
         vSYSTEM::SetTraceLevel(savedLevel), SetEnvironmentVariableA("ZK_TRACE_LEVEL", nullptr);
         LeakFreeTest::TearDown();
     }
@@ -25,15 +24,13 @@ protected:
 
 // What a child process of this program sees of the system, on one line: its trace level, the registered
 // messages, its command and whether it finds a previous instance, the same when asked again.
-std::string Seen(const std::string& level, const std::string& instance)
-{
+std::string Seen(const std::string& level, const std::string& instance) {
     const std::string messages = std::to_string(vSYSTEM::GetZKKillMsg()) + " " +
                                  std::to_string(vSYSTEM::GetPaletteChangeMsg()) + " " +
                                  std::to_string(vSYSTEMACCESS::GetTavikMessage());
     return level + "|" + messages + "|" + instance;
 }
-int ReportSystem(const std::vector<std::string>&)
-{
+int ReportSystem(const std::vector<std::string>&) {
     HINSTANCE instance = GetModuleHandleA(nullptr), previous = vFindPreviousInstance(instance);
     zktest::Report(Seen(std::to_string(vSYSTEM::GetTraceLevel()),
                         std::string("[") + vSYSTEMACCESS::GetCommand()() + "] " +
@@ -47,8 +44,7 @@ zktest::ChildEntry reportSystem("report-system", ReportSystem);
 // The command is the line after the program's own name, quoted or not, and the blanks after it. While one
 // instance runs a second finds it, and once it has gone the next start is a first instance again.
 // Registered messages are the same in every process; the trace level comes from the environment.
-TEST_F(SystemTest, ChildProcessesSeeTheirCommandTraceLevelMessagesAndPreviousInstance)
-{
+TEST_F(SystemTest, ChildProcessesSeeTheirCommandTraceLevelMessagesAndPreviousInstance) {
     const std::string command = "[--zk-child=report-system   alpha \"beta gamma\"] ";
     // Twice, so that the second round's first instance starts after the first round's have gone.
     for (auto levels : {std::make_pair("3", "rubbish"), std::make_pair("1", static_cast<const char*>(nullptr))}) {
@@ -66,8 +62,7 @@ TEST_F(SystemTest, ChildProcessesSeeTheirCommandTraceLevelMessagesAndPreviousIns
 }
 
 // A site prints when the level is at or above its own; level 0 always prints.
-TEST_F(SystemTest, TraceSitesPrintAtOrAboveTheirLevel)
-{
+TEST_F(SystemTest, TraceSitesPrintAtOrAboveTheirLevel) {
     const Lines all{"Trace: zero", "Trace: one", "Trace: three"};
     struct Row { unsigned short level; int printed; };
     for (const Row& row : {Row{0, 1}, Row{1, 2}, Row{2, 2}, Row{3, 3}, Row{65535, 3}}) {
@@ -84,8 +79,7 @@ TEST_F(SystemTest, TraceSitesPrintAtOrAboveTheirLevel)
 // presses the box's button, and the program aborts.
 zktest::TraceCapture* capture = nullptr;
 
-LONG CALLBACK StepOverBreak(EXCEPTION_POINTERS* info)
-{
+LONG CALLBACK StepOverBreak(EXCEPTION_POINTERS* info) {
     if (info->ExceptionRecord->ExceptionCode != EXCEPTION_BREAKPOINT)
         return EXCEPTION_CONTINUE_SEARCH;
     zktest::Report("break");
@@ -97,8 +91,7 @@ LONG CALLBACK StepOverBreak(EXCEPTION_POINTERS* info)
     return EXCEPTION_CONTINUE_EXECUTION;
 }
 
-void CALLBACK FailAgain(HWND, UINT, UINT_PTR timer, DWORD)
-{
+void CALLBACK FailAgain(HWND, UINT, UINT_PTR timer, DWORD) {
     KillTimer(nullptr, timer);
     vAssert(0, "second", 77);
     int boxes = 0;
@@ -114,8 +107,7 @@ void CALLBACK FailAgain(HWND, UINT, UINT_PTR timer, DWORD)
     PostMessageA(box, WM_COMMAND, IDOK, 0);
 }
 
-int FailTwice(const std::vector<std::string>&)
-{
+int FailTwice(const std::vector<std::string>&) {
     AddVectoredExceptionHandler(1, StepOverBreak);
     zktest::TraceCapture traces;
     capture = &traces;
@@ -126,8 +118,7 @@ int FailTwice(const std::vector<std::string>&)
 }
 zktest::ChildEntry failTwice("fail-twice", FailTwice);
 
-TEST_F(SystemTest, AssertionBreaksShowsOneBoxAndAborts)
-{
+TEST_F(SystemTest, AssertionBreaksShowsOneBoxAndAborts) {
     zktest::Child child("fail-twice");
     Lines seen;
     for (std::string line = child.ReadLine(); !line.empty() && line != "end"; line = child.ReadLine())
@@ -140,8 +131,7 @@ TEST_F(SystemTest, AssertionBreaksShowsOneBoxAndAborts)
 
 // The system module is the base library; its scratch buffers are apart and large enough, the local one
 // for a version block of the library's file and a path. Registered messages are distinct.
-TEST_F(SystemTest, ModuleBuffersAndRegisteredMessages)
-{
+TEST_F(SystemTest, ModuleBuffersAndRegisteredMessages) {
     HMODULE library = GetModuleHandleA("zkcore.dll");
     ASSERT_TRUE(vSYSTEM::Pointer() && vSYSTEM::Pointer()->GetInstance() == library);
     EXPECT_TRUE(vSYSTEM::GetBuffer() != vSYSTEM::GetLocalBuffer() && vSYSTEM::BufferSize >= 512u);
@@ -155,8 +145,7 @@ TEST_F(SystemTest, ModuleBuffersAndRegisteredMessages)
 
 // A failed allocation raises the flag that a complaint lowers; only an armed one, whose message text
 // was asked for, shows its texts first. Complaints live on the shared allocator.
-TEST_F(SystemTest, ExceptionsComplainOnceArmed)
-{
+TEST_F(SystemTest, ExceptionsComplainOnceArmed) {
     EXPECT_TRUE(vSYSTEMACCESS::NewFailureException(1 << 20) == 0 && vSYSTEM::GetExceptionFlag() == 1);
     unsigned long blocks = vMemLiveBlocks();
     DEFEXCEP* complaint = new DEFEXCEP;

@@ -17,12 +17,10 @@ public:
 
     int vClick(const vCTRLID& id) override { return Note("vClick(" + Number(id) + ")"), vDIALOG::vClick(id); }
     int vCommand(const vCTRLID& id) override { return Note("vCommand(" + Number(id) + ")"), 0; }
-    int vContextHelp(HWND, vCTRLID& id, int fromMenu) override
-    {
+    int vContextHelp(HWND, vCTRLID& id, int fromMenu) override {
         return Note("vContextHelp(" + Number(id) + "," + Number(fromMenu) + ")"), 0;
     }
-    int MsgHandler(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result) override
-    {
+    int MsgHandler(unsigned int message, WPARAM wParam, LPARAM lParam, LRESULT& result) override {
         auto answer = answers.find(message);
         if (answer == answers.end())
             return vDIALOG::MsgHandler(message, wParam, lParam, result);
@@ -35,8 +33,7 @@ public:
 
 // What the map's factories and the controls hear, which control has the
 // focus, and what Init answers: 1 when the map names no control to focus.
-TEST_F(DialogTest, InitMakesAndFillsTheControlsOfTheMapAndFocusesTheOneItNames)
-{
+TEST_F(DialogTest, InitMakesAndFillsTheControlsOfTheMapAndFocusesTheOneItNames) {
     const vCONTROLMAP terminatorOnly[] = {{nullptr, 0, 0, 0, 0}};
     const struct {
         const char* what;
@@ -77,8 +74,7 @@ TEST_F(DialogTest, InitMakesAndFillsTheControlsOfTheMapAndFocusesTheOneItNames)
 
 // A message straight to the dialog procedure: whether the object answers 7, and what the procedure then returns; the
 // platform reads it as data only for some messages.
-TEST_F(DialogTest, TheDialogProcedureReturnsDataOnlyWhereThePlatformReadsIt)
-{
+TEST_F(DialogTest, TheDialogProcedureReturnsDataOnlyWhereThePlatformReadsIt) {
     const struct {
         UINT message;
         bool answered;
@@ -99,8 +95,7 @@ TEST_F(DialogTest, TheDialogProcedureReturnsDataOnlyWhereThePlatformReadsIt)
 
 // A command from a control: what the control, vClick and vCommand hear. OK and Cancel hand the activation to the top
 // window, and a click on an existing one posts a close.
-TEST_F(DialogTest, CommandsReachTheControlThenVClickThenVCommand)
-{
+TEST_F(DialogTest, CommandsReachTheControlThenVClickThenVCommand) {
     const struct {
         const char* what;
         unsigned short id, notification;
@@ -139,8 +134,7 @@ TEST_F(DialogTest, CommandsReachTheControlThenVClickThenVCommand)
 
 // F1 is the Help button, unless the caption's help button asked for help on
 // a control first; a context menu asks for help on its control.
-TEST_F(DialogTest, F1IsTheHelpButtonUnlessTheCaptionAskedForHelpOnAControl)
-{
+TEST_F(DialogTest, F1IsTheHelpButtonUnlessTheCaptionAskedForHelpOnAControl) {
     PLAIN* dialog = new PLAIN(Top(), Template(ENTRY_TEMPLATE), EntryMap<0>(), &data);
     dialog->Init();
     HWND window = (*dialog)();
@@ -168,8 +162,7 @@ TEST_F(DialogTest, F1IsTheHelpButtonUnlessTheCaptionAskedForHelpOnAControl)
 }
 
 // The whole top-level window is disabled, not only the direct parent.
-TEST_F(DialogTest, MakeModalDisablesTheTopOfTheParentChainAndMakeModelessEnablesIt)
-{
+TEST_F(DialogTest, MakeModalDisablesTheTopOfTheParentChainAndMakeModelessEnablesIt) {
     RECORDER* holder = new RECORDER(Top(), vRECT(0, 0, 200, 100), "holder");
     PLAIN* dialog = new PLAIN(*holder, Template(PAGE_TEMPLATE));
     HWND window = (*dialog)();
@@ -186,8 +179,7 @@ TEST_F(DialogTest, MakeModalDisablesTheTopOfTheParentChainAndMakeModelessEnables
 
 // Centred on the top window's client area, but never off the left or top of
 // the screen: those edges win for a dialog larger than the screen.
-TEST_F(DialogTest, CentreStaysOnTheScreenAndLetsTheTopLeftWin)
-{
+TEST_F(DialogTest, CentreStaysOnTheScreenAndLetsTheTopLeftWin) {
     ShowWindow(frame, SW_SHOWNORMAL);
     PLAIN* normal = new PLAIN(*app, Template(ENTRY_TEMPLATE));
     normal->Centre();

@@ -30,8 +30,7 @@ struct ENTRY {
 };
 
 // The test program as the module that holds the templates.
-inline vRESID Template(unsigned short id)
-{
+inline vRESID Template(unsigned short id) {
     static struct PROGRAM : vMODULE { PROGRAM() : vMODULE(GetModuleHandleA(nullptr)) {} } program;
     return vRESID(id, &program);
 }
@@ -50,25 +49,21 @@ public:
         else
             lstrcpyA(CreateParams.szClassName, "edit"), CreateWin();
     }
-    static vCONTROL* New(vWIN& parent, vCTRLID& id, vRESID&)
-    {
+    static vCONTROL* New(vWIN& parent, vCTRLID& id, vRESID&) {
         Note("New(" + Number(id) + ")");
         return new FIELD(parent, id);
     }
     void Notification(long code) override { Note(Name() + ".Notification(" + Number(code) + ")"); }
-    void SetupView(char* at, unsigned short size) override
-    {
+    void SetupView(char* at, unsigned short size) override {
         value = at;
         Note(Name() + ".SetupView(" + (at ? "value" : "null") + "," + Number(size) + ")");
     }
-    void UpdateView(const vCTRLID&) override
-    {
+    void UpdateView(const vCTRLID&) override {
         if (value)
             SetWindowTextA(hWnd,
                            GetID() == vCTRLID(NAME_ITEM) ? value : Number(*reinterpret_cast<long*>(value)).c_str());
     }
-    void UpdateData(void* data) override
-    {
+    void UpdateData(void* data) override {
         Note(Name() + ".UpdateData");
         ENTRY* entry = static_cast<ENTRY*>(data);
         char typed[16] = "";
@@ -84,8 +79,7 @@ public:
 
 // The entry dialog's rows; the end row names the control to focus.
 template <unsigned short focus>
-const vCONTROLMAP* EntryMap()
-{
+const vCONTROLMAP* EntryMap() {
     static const vCONTROLMAP map[] = {{FIELD::New, NAME_ITEM, 0, offsetof(ENTRY, name), sizeof(ENTRY::name)},
                                       {FIELD::New, NUMBER_ITEM, 0, offsetof(ENTRY, number), sizeof(long)},
                                       {nullptr, focus, 0, 0, 0}};
@@ -93,8 +87,7 @@ const vCONTROLMAP* EntryMap()
 }
 
 // A window's rectangle in the client units of another.
-inline vRECT PlaceIn(HWND window, HWND other)
-{
+inline vRECT PlaceIn(HWND window, HWND other) {
     RECT box;
     GetWindowRect(window, &box);
     MapWindowPoints(nullptr, other, reinterpret_cast<POINT*>(&box), 2);
@@ -105,8 +98,7 @@ inline vRECT PlaceIn(HWND window, HWND other)
 // dialog active or a window disabled; neither may reach the next test.
 class DialogTest : public apptest::FrameTest {
 protected:
-    void TearDown() override
-    {
+    void TearDown() override {
         vAPPACCESS::ActiveDialog(nullptr);
         EnableWindow(frame, TRUE);
         EnableWindow(Top()(), TRUE);
@@ -116,24 +108,21 @@ protected:
     ENTRY data = {"Ann", 7};
 };
 
-inline void CALLBACK Watchdog(HWND, UINT, UINT_PTR, DWORD)
-{
+inline void CALLBACK Watchdog(HWND, UINT, UINT_PTR, DWORD) {
     Note("watchdog");
     PostThreadMessageA(GetCurrentThreadId(), WM_CLOSE, 0, 0);
 }
 
 // Runs a modal loop; a close posted to the thread after a while ends it, so
 // that a test whose input went astray fails instead of hanging.
-inline void RunModal(vDIALOG& dialog)
-{
+inline void RunModal(vDIALOG& dialog) {
     UINT_PTR timer = SetTimer(nullptr, 0, 5000, Watchdog);
     dialog.Modal();
     KillTimer(nullptr, timer);
 }
 
 // Queues a press and release of each key, then a click in the middle of the window, if one is given.
-inline void Input(const std::vector<WORD>& keys, HWND window = nullptr)
-{
+inline void Input(const std::vector<WORD>& keys, HWND window = nullptr) {
     std::vector<INPUT> inputs;
     INPUT input = {};
     input.type = INPUT_KEYBOARD;
@@ -152,8 +141,7 @@ inline void Input(const std::vector<WORD>& keys, HWND window = nullptr)
 }
 
 // The log lines that contain any of the parts.
-inline Lines Only(const Lines& parts)
-{
+inline Lines Only(const Lines& parts) {
     Lines kept;
     for (const std::string& line : Log())
         if (std::any_of(parts.begin(), parts.end(),

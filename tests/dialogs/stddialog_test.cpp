@@ -28,8 +28,7 @@ class StdDialogTest : public DialogTest {};
 
 // Real input to a modal entry dialog: only OK takes the typed values into
 // the record; what the application's handlers hear on the way.
-TEST_F(StdDialogTest, OnlyOKTakesTheTypedValuesIntoTheRecord)
-{
+TEST_F(StdDialogTest, OnlyOKTakesTheTypedValuesIntoTheRecord) {
     const Lines cancels = {"vClick(2)", "fCancel", "Close", "~ENTRYDIALOG"};
     const Lines helpThenCancel = {"vClick(9)", "fHelp", "vClick(2)", "fCancel", "Close", "~ENTRYDIALOG"};
     const struct {
@@ -67,8 +66,7 @@ TEST_F(StdDialogTest, OnlyOKTakesTheTypedValuesIntoTheRecord)
 
 // The column as the style word asks for it: each button's top, or -1 for none, in the order OK, Cancel, Help; the
 // default and focused button. The gap below Cancel is wider than the one below OK.
-TEST_F(StdDialogTest, TheStyleWordLaysOutTheColumn)
-{
+TEST_F(StdDialogTest, TheStyleWordLaysOutTheColumn) {
     const struct {
         unsigned short style;
         long tops[3];
@@ -104,8 +102,7 @@ TEST_F(StdDialogTest, TheStyleWordLaysOutTheColumn)
     }
 }
 
-TEST_F(StdDialogTest, TheButtonsSpeakTheApplicationsLanguage)
-{
+TEST_F(StdDialogTest, TheButtonsSpeakTheApplicationsLanguage) {
     const struct {
         unsigned short language;
         const char* texts[3];
@@ -122,8 +119,7 @@ TEST_F(StdDialogTest, TheButtonsSpeakTheApplicationsLanguage)
 
 // A replacement whose text does not fit widens the dialog and the whole
 // column, which stays centred; the replaced button stays the caller's.
-TEST_F(StdDialogTest, ALongerReplacementWidensTheDialogAndTheWholeColumn)
-{
+TEST_F(StdDialogTest, ALongerReplacementWidensTheDialogAndTheWholeColumn) {
     ShowWindow(frame, SW_SHOWNORMAL);
     for (const char* text : {"Go", "Take these values and go on"}) {
         SCOPED_TRACE(text);
@@ -154,8 +150,7 @@ TEST_F(StdDialogTest, ALongerReplacementWidensTheDialogAndTheWholeColumn)
 
 // Up to three buttons stand in rows below the column; the block of rows is the dialog's, the buttons stay the caller's.
 // Enter is OK wherever the focus is.
-TEST_F(StdDialogTest, AddedButtonsStandInThreeRowsBelowTheColumnAndEnterIsOK)
-{
+TEST_F(StdDialogTest, AddedButtonsStandInThreeRowsBelowTheColumnAndEnterIsOK) {
     ENTRYDIALOG* dialog = new ENTRYDIALOG(*app, &data);
     HWND window = (*dialog)();
     vINT right = dialog->ClientSize().Right() - 5;

@@ -6,8 +6,7 @@ namespace {
 
 // Each setter adds its flag and leaves the others, setting one twice changes nothing; a picture is a metafile or a
 // bitmap; equal flags, equal categories.
-TEST(ArchiveCatTest, SettersAddTheirFlagAndEqualityComparesTheFlags)
-{
+TEST(ArchiveCatTest, SettersAddTheirFlagAndEqualityComparesTheFlags) {
     const std::pair<std::function<void(vARCHIVECAT&)>, std::vector<int>> rows[] = {
         {[](vARCHIVECAT&) {}, {0, 0, 0, 0}},
         {[](vARCHIVECAT& c) { c.Text(); }, {1, 0, 0, 0}},

@@ -11,8 +11,7 @@ using Fields = std::vector<std::string>;
 using ArchiveTypeTest = zktest::LeakFreeTest;
 
 // Description, identifier, name ("-" when null), and whether a bitmap and a metafile.
-Fields Of(vARCHIVETYPE& type)
-{
+Fields Of(vARCHIVETYPE& type) {
     Fields fields;
     for (vSTRING* field : {&type.Description(), &type.ID(), &type.Name()})
         fields.push_back(field->Null() ? "-" : (*field)());
@@ -22,8 +21,7 @@ Fields Of(vARCHIVETYPE& type)
 
 // The identifier comes second and the name third; the built-in types carry their records; a copy carries no name, an
 // assignment everything; only the identifier and the category count for equality.
-TEST_F(ArchiveTypeTest, TypesCarryTheirRecordsAndCompareByIdentifierAndCategory)
-{
+TEST_F(ArchiveTypeTest, TypesCarryTheirRecordsAndCompareByIdentifierAndCategory) {
     vARCHIVETYPE tiff(vSTRING("Tagged Image"), vSTRING("TIF TIFF"), vSTRING("TIFF")), empty, assigned;
     DIBARCHIVE dib, copied(dib);
     ZKMARCHIVE zkm;

@@ -15,8 +15,7 @@ using Ints = std::vector<int>;
 
 // Red is the low byte, blue the third; a colour starts with format 0, full tint and no spare, eight bytes on a stream
 // in that order. Equality without tint leaves the tint alone, and nothing else.
-TEST(ColourTest, RedIsTheLowByteAndTheStreamFormIsTheFieldsInOrder)
-{
+TEST(ColourTest, RedIsTheLowByteAndTheStreamFormIsTheFieldsInOrder) {
     vCOLOUR colour(0x12, 0x34, 0x56), packed(0x563412L, 0), tinted, spared;
     EXPECT_EQ(Ints({colour == packed, int(colour.PackedRGB()), packed.Red(), packed.Blue(),
                     vCOLOUR(0x10L, 1).GetNativeFormat()}), Ints({1, 0x563412, 0x12, 0x56, 1}));
@@ -33,8 +32,7 @@ TEST(ColourTest, RedIsTheLowByteAndTheStreamFormIsTheFieldsInOrder)
 
 // Each change of a value, and whether the changed one still equals the sample.
 template <class SPEC>
-void ExpectEquality(const SPEC& sample, const std::vector<std::pair<std::function<void(SPEC&)>, int>>& changes)
-{
+void ExpectEquality(const SPEC& sample, const std::vector<std::pair<std::function<void(SPEC&)>, int>>& changes) {
     for (const auto& change : changes) {
         SPEC changed = sample;
         change.first(changed);
@@ -44,8 +42,7 @@ void ExpectEquality(const SPEC& sample, const std::vector<std::pair<std::functio
 
 // Hatches are types 8 to 13 and gem brushes 15 to 50; every field counts for
 // equality; the stream form is the fields in order.
-TEST(FillSpecTest, TypesGroupEveryFieldComparesAndTheStreamFormIsInOrder)
-{
+TEST(FillSpecTest, TypesGroupEveryFieldComparesAndTheStreamFormIsInOrder) {
     const vFILLSPEC sample(vFILL_HATCH_CROSS, vCOLOUR(1, 2, 3), vCOLOUR(4, 5, 6), vANGLE(short(45)), vFILL_WINDING);
     for (const Ints& group : {Ints{7, 0, 0}, Ints{8, 1, 0}, Ints{13, 1, 0}, Ints{14, 0, 0}, Ints{15, 0, 1},
                               Ints{50, 0, 1}, Ints{51, 0, 0}}) {
@@ -68,8 +65,7 @@ TEST(FillSpecTest, TypesGroupEveryFieldComparesAndTheStreamFormIsInOrder)
 
 // Every field but the six pattern bytes counts for equality; a null pattern is six zeros, and nothing lies beyond the
 // sixth; the stream form carries the pattern too, and too few bytes end the stream.
-TEST(LineSpecTest, ThePatternIsLeftOutOfEqualityButNotOfTheStreamForm)
-{
+TEST(LineSpecTest, ThePatternIsLeftOutOfEqualityButNotOfTheStreamForm) {
     const unsigned char dashes[6] = {4, 2, 1, 0, 0, 9};
     auto spec = [&](vLINETYPE type, int red, long width, vCORNERTYPE corner, vDASHTYPE dash, const BYTE* pattern) {
         return vLINESPEC(type, vCOLOUR(red, 2, 3), width, corner, dash, pattern);
@@ -98,8 +94,7 @@ TEST(LineSpecTest, ThePatternIsLeftOutOfEqualityButNotOfTheStreamForm)
 }
 
 // The height mode decides which field takes the size; every field but the angle counts for equality.
-TEST(FontSpecTest, TheHeightModeChoosesTheFieldAndEveryFieldButTheAngleCompares)
-{
+TEST(FontSpecTest, TheHeightModeChoosesTheFieldAndEveryFieldButTheAngleCompares) {
     const vFONTSPEC sample(vSTRING("Arial"), vFONT_BOLD, 8, vREAL(0), 100, vFONT_POINTS, vANGLE());
     const vFONTSPEC pixels(vSTRING("Arial"), vFONT_BOLD, 8, vREAL(0), 100, vFONT_PIXELS, vANGLE());
     EXPECT_EQ(Ints({sample.Pixels(), pixels.Pixels(), vFONTSPEC().Pixels()}), Ints({0, 1, 1}));

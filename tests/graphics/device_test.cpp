@@ -16,8 +16,7 @@ using Colours = std::vector<COLORREF>;
 using Spots = std::vector<std::pair<POINT, COLORREF>>;
 
 // Two squares overlapping from (30, 30) to (50, 50), traced the same way round.
-vSHAPE Overlapping()
-{
+vSHAPE Overlapping() {
     vSHAPE shape;
     for (long at : {10, 30})
         for (const vBEZPOINT& corner : {vBEZPOINT(vPOINT(at, at), 9), vBEZPOINT(vPOINT(at + 40, at), 8),
@@ -27,18 +26,15 @@ vSHAPE Overlapping()
 }
 
 // Logical units per inch as a multiple of the device's, in halves.
-void Halves(vDEVICE& device, long halves)
-{
+void Halves(vDEVICE& device, long halves) {
     device.LogUnitsPerHorzInch(device.DevUnitsPerHorzInch()() * halves / 2);
     device.LogUnitsPerVertInch(device.DevUnitsPerVertInch()() * halves / 2);
 }
-void Solid(vDEVICE& device, COLORREF colour, vFILLMODE mode = vFILL_ALTERNATE)
-{
+void Solid(vDEVICE& device, COLORREF colour, vFILLMODE mode = vFILL_ALTERNATE) {
     device.LineSpec(NoLine());
     device.FillSpec(Fill(colour, vFILL_SOLID, mode));
 }
-void ExpectSpots(const Pixels& pixels, const Spots& spots)
-{
+void ExpectSpots(const Pixels& pixels, const Spots& spots) {
     for (const auto& spot : spots)
         EXPECT_EQ(pixels.At(spot.first.x, spot.first.y), spot.second) << spot.first.x << "," << spot.first.y;
 }
@@ -122,8 +118,7 @@ const struct {
 
 class DeviceTest : public SurfaceTest {};
 
-TEST_F(DeviceTest, EveryDrawingPutsItsInkWhereItBelongs)
-{
+TEST_F(DeviceTest, EveryDrawingPutsItsInkWhereItBelongs) {
     for (const auto& drawing : Drawings) {
         SCOPED_TRACE(drawing.what);
         vMEMDEVICE device(vSIZE(Side, Side));
@@ -138,8 +133,7 @@ TEST_F(DeviceTest, EveryDrawingPutsItsInkWhereItBelongs)
 
 // A fill is a pattern: in every mix of a context handed in, with every kind of brush, over rectangles
 // in order, reversed, empty and of one pixel, it paints a pen-less rectangle one pixel larger each way.
-TEST_F(DeviceTest, AFillPaintsWhatAPenlessRectanglePaintsInEveryMix)
-{
+TEST_F(DeviceTest, AFillPaintsWhatAPenlessRectanglePaintsInEveryMix) {
     const int fills[][3] = {{vFILL_SOLID, 0, -1}, {vFILL_HATCH_CROSS, 0, HS_CROSS},
                             {vFILL_HATCH_DIAGCROSS, 1, HS_DIAGCROSS}};
     const RECT rects[] = {{10, 12, 40, 30}, {40, 30, 10, 12}, {20, 5, 20, 50}, {21, 5, 20, 50}, {60, 60, 61, 61}};
@@ -170,8 +164,7 @@ TEST_F(DeviceTest, AFillPaintsWhatAPenlessRectanglePaintsInEveryMix)
 }
 
 // Fresh specs each time make every pen, brush, font and region again; none stays once the device is gone.
-TEST_F(DeviceTest, NoDrawingLeavesAnObjectBehind)
-{
+TEST_F(DeviceTest, NoDrawingLeavesAnObjectBehind) {
     unsigned long before = LiveGdiObjects();
     {
         vMEMDEVICE other(vSIZE(Side, Side));
@@ -192,8 +185,7 @@ TEST_F(DeviceTest, NoDrawingLeavesAnObjectBehind)
 
 // Each pop takes the newest entry of its kind wherever it stands; a whole state's pop ignores single pushes and
 // restores specs, clip and origin; a copy, made or assigned, carries the stack in its order as its own.
-TEST_F(DeviceTest, EachPopFindsTheNewestEntryOfItsOwnKind)
-{
+TEST_F(DeviceTest, EachPopFindsTheNewestEntryOfItsOwnKind) {
     vFONTSPEC bold(vSTRING("Arial"), vFONT_BOLD, 12, vREAL(1), 100, vFONT_POINTS, vANGLE());
     device().LineSpec(Line(Red, 1));
     device().FontSpec(bold);
@@ -232,8 +224,7 @@ TEST_F(DeviceTest, EachPopFindsTheNewestEntryOfItsOwnKind)
 
 // Positions floor; a rectangle's far edges and a device length take the ceiling,
 // so nothing given vanishes; a logical length floors. A colour shades by a fraction.
-TEST_F(DeviceTest, UnitsConvertByTheirRoundingRules)
-{
+TEST_F(DeviceTest, UnitsConvertByTheirRoundingRules) {
     auto point = [](const vPOINT& p) { return Ints{p.x(), p.y()}; };
     auto rect = [](const vRECT& r) { return Ints{r.Left()(), r.Top()(), r.Right()(), r.Bottom()()}; };
     const std::tuple<long, std::function<Ints(vDEVICE&)>, Ints> rows[] = {
@@ -266,8 +257,7 @@ long Height(vDEVICE& device) { return (device.GetCurFontDetail()->Ascent() + dev
 // "HIH" 20 units high lies across the band from 20 to 60 as aligned and as wide as measured, centred from top to
 // bottom, in the line colour, an opaque device filling its box first. Heights are in logical units, and a character's
 // cell starts at its point.
-TEST_F(DeviceTest, TextLiesAsAlignedAndMeasuresFollowTheSpecAndTheUnits)
-{
+TEST_F(DeviceTest, TextLiesAsAlignedAndMeasuresFollowTheSpecAndTheUnits) {
     device().FontSpec(Font());
     const long width = device().GetCurFontDetail()->GetDefStringWidth(vSTRING("HIH"))();
     for (const auto& row :
@@ -298,8 +288,7 @@ TEST_F(DeviceTest, TextLiesAsAlignedAndMeasuresFollowTheSpecAndTheUnits)
 // A picture of 4 by 2, top row red, green, blue, white, bottom row the other way round, drawn whole into a target, or
 // without one a unit a pixel at the origin; a source takes part of it, a band of lines lands where it belongs, a kept
 // aspect centres it on the background, the key colour stays undrawn.
-TEST_F(DeviceTest, APictureIsDrawnByItsSourceTargetBandAspectAndKey)
-{
+TEST_F(DeviceTest, APictureIsDrawnByItsSourceTargetBandAspectAndKey) {
     oMEMDIB picture, wide;
     picture.SetHeader(oDIBHEADER(4, 2, 0, 0, oMODEL_RGB));
     unsigned char lines[24] = {255, 255, 255, 255, 0, 0, 0, 255, 0, 0, 0, 255,
@@ -352,8 +341,7 @@ TEST_F(DeviceTest, APictureIsDrawnByItsSourceTargetBandAspectAndKey)
 // A device on a context handed in draws with its own pen and puts back all a pass changed; between BeginDraw and
 // EndDraw any device draws there in its mix, its clip narrowing the context's own. A window device takes and gives back
 // a context for each drawing, and draws nothing without a window.
-TEST_F(DeviceTest, ContextAndWindowDevicesLeaveTheContextsAsTheyFoundThem)
-{
+TEST_F(DeviceTest, ContextAndWindowDevicesLeaveTheContextsAsTheyFoundThem) {
     ForeignContext foreign;
     HGDIOBJ pen = SelectObject(foreign.dc, CreatePen(PS_DOT, 1, RGB(1, 2, 3)));
     HGDIOBJ brush = SelectObject(foreign.dc, CreateSolidBrush(Green));

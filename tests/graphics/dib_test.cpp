@@ -17,8 +17,7 @@ static_assert(sizeof(oDIBHEADER) == (sizeof(void*) == 4 ? 48 : 56),
               "the header is the platform's, the model and the palette");
 
 // Index i is (red i, green 255 - step i, blue step i).
-oDIBPALETTE Ramp(unsigned short count, int step)
-{
+oDIBPALETTE Ramp(unsigned short count, int step) {
     std::vector<RGBQUAD> quads;
     for (unsigned short i = 0; i < count; ++i)
         quads.push_back(RGBQUAD{BYTE(i * step), BYTE(255 - i * step), BYTE(i), 0});
@@ -27,8 +26,7 @@ oDIBPALETTE Ramp(unsigned short count, int step)
 
 // The model gives the depth, lines are padded to 32 bits, a dot an inch is
 // kept as 40 pixels a metre, and the first forty bytes are the platform's.
-TEST_F(DibTest, TheHeaderIsThePlatformsWithLinesPaddedToWords)
-{
+TEST_F(DibTest, TheHeaderIsThePlatformsWithLinesPaddedToWords) {
     for (const Ints& layout : {Ints{oMODEL_RGB, 13, 24, 40, 120}, Ints{oMODEL_RGB, 4, 24, 12, 36},
                                Ints{oMODEL_MONO, 33, 1, 8, 24}, Ints{oMODEL_MONO, 32, 1, 4, 12},
                                Ints{oMODEL_16, 9, 4, 8, 24}, Ints{oMODEL_256, 5, 8, 8, 24}}) {
@@ -50,8 +48,7 @@ TEST_F(DibTest, TheHeaderIsThePlatformsWithLinesPaddedToWords)
 // A palette keeps quads of its own, blue first, and answers only below its count; the nearest colour is looked for
 // below a limit, and of two equally near ones the first wins. A picture keeps one palette of its own whatever header it
 // is given, and its copies share it.
-TEST_F(DibTest, APaletteOwnsItsQuadsAndFindsTheFirstNearestColour)
-{
+TEST_F(DibTest, APaletteOwnsItsQuadsAndFindsTheFirstNearestColour) {
     PALETTEENTRY entries[] = {{0, 0, 0, 0}, {250, 0, 0, PC_NOCOLLAPSE}, {0, 0, 250, 0}, {255, 10, 10, 0}};
     oDIBPALETTE palette(entries, 4), copy(palette), assigned = Ramp(1, 0);
     assigned = palette;
@@ -84,8 +81,7 @@ TEST_F(DibTest, APaletteOwnsItsQuadsAndFindsTheFirstNearestColour)
 
 // A line of four pixels in each model from a picture of another, through the
 // palette Ramp(16, 10), or a grey ramp without one.
-TEST_F(DibTest, LinesConvertBetweenModelsThroughThePaletteOrAGreyRamp)
-{
+TEST_F(DibTest, LinesConvertBetweenModelsThroughThePaletteOrAGreyRamp) {
     const struct {
         oCOLOUR_MODEL from, to;
         int palette;
@@ -121,8 +117,7 @@ TEST_F(DibTest, LinesConvertBetweenModelsThroughThePaletteOrAGreyRamp)
 
 // The stream form is a 14-byte file header, the forty bytes of the header, the colours and the lines from the bottom
 // up: an archive built byte by byte, read and written again, is the same bytes, whatever the depth.
-TEST_F(DibTest, TheStreamFormIsAFileHeaderThenTheClipboardBlock)
-{
+TEST_F(DibTest, TheStreamFormIsAFileHeaderThenTheClipboardBlock) {
     oMEMDIB dib;
     for (int depth : {1, 4, 8, 24}) {
         auto pixel = [depth](long x, long y) { return static_cast<unsigned long>(x * 31 + y * 7) % (1UL << depth); };
@@ -134,8 +129,7 @@ TEST_F(DibTest, TheStreamFormIsAFileHeaderThenTheClipboardBlock)
 }
 
 // Each way of spoiling a good archive of 8 bits, 6 by 4, leaves both stores empty and the stream ended.
-TEST_F(DibTest, BadStreamsLeaveAnEmptyPictureAndAnEndedStream)
-{
+TEST_F(DibTest, BadStreamsLeaveAnEmptyPictureAndAnEndedStream) {
     const std::pair<const char*, std::function<void(Bytes&)>> cases[] = {
         {"not a bitmap", [](Bytes& b) { b[1] = 'A'; }},
         {"height 0", [](Bytes& b) { Put(b, 22, 0, 4); }},
@@ -168,8 +162,7 @@ TEST_F(DibTest, BadStreamsLeaveAnEmptyPictureAndAnEndedStream)
 }
 
 // A 24-bit picture of 5 by 6 whose line n is filled with the byte n * 10 + 1.
-void Lined(oDIB& dib)
-{
+void Lined(oDIB& dib) {
     dib.SetHeader(oDIBHEADER(5, 6, 0, 0, oMODEL_RGB));
     Bytes lines(16 * 6);
     for (unsigned long i = 0; i < lines.size(); ++i)
@@ -179,8 +172,7 @@ void Lined(oDIB& dib)
 }
 
 // The first byte of each of lines first to last.
-Ints Firsts(const oDIB& dib, unsigned long first, unsigned long last)
-{
+Ints Firsts(const oDIB& dib, unsigned long first, unsigned long last) {
     Bytes lines(16 * (last - first + 1));
     Ints firsts;
     for (size_t i = 0; dib.GetImageLines(first, last, lines.data(), nullptr) && i < lines.size(); i += 16)
@@ -192,8 +184,7 @@ Ints Firsts(const oDIB& dib, unsigned long first, unsigned long last)
 // than memory leaves none; a picture joined to a stream is written there when it dies. A lock in the header's model is
 // the store itself, in another a copy stored back only when asked, one band at a time; a block is width pixels from
 // pixel x of line y, height lines up.
-TEST_F(DibTest, AMemoryPicturesBandsLocksAndBlocksLandWhereTheyAreNumbered)
-{
+TEST_F(DibTest, AMemoryPicturesBandsLocksAndBlocksLandWhereTheyAreNumbered) {
     oMEMDIB dib, empty, assigned, huge, mono;
     Lined(dib);
     EXPECT_EQ(Firsts(dib, 0, 5), Ints({1, 11, 21, 31, 41, 51}));
@@ -246,8 +237,7 @@ TEST_F(DibTest, AMemoryPicturesBandsLocksAndBlocksLandWhereTheyAreNumbered)
 // A picture on a stream keeps its lines there, reads and writes them in place, a top-down stream turned over, and its
 // copies read the same stream; it is written bottom-up in bands. A header of another shape, or no stream, leaves it
 // without lines.
-TEST_F(DibTest, AStreamPicturesLinesStayOnTheStream)
-{
+TEST_F(DibTest, AStreamPicturesLinesStayOnTheStream) {
     auto value = [](long x, long y) { return static_cast<unsigned long>(x * 0x010203 + y * 0x300000) & 0xFFFFFF; };
     MemoryStream big(Archive(300, 500, 24, 1, value));
     unsigned long bytes = vMemLiveBytes();
@@ -292,8 +282,7 @@ TEST_F(DibTest, AStreamPicturesLinesStayOnTheStream)
 
 // The files that ImageMagick made at build time, bottom-up and top-down, at every depth and odd widths, read into both
 // stores pixel for pixel as ImageMagick decodes them, in the model of their depth.
-TEST_F(DibTest, ImageMagicksFilesReadPixelForPixel)
-{
+TEST_F(DibTest, ImageMagicksFilesReadPixelForPixel) {
     const std::pair<const char*, oCOLOUR_MODEL> made[] = {{"mono13", oMODEL_MONO}, {"mono33", oMODEL_MONO},
                                                          {"pal16", oMODEL_16},      {"pal256", oMODEL_256},
                                                          {"rgb13", oMODEL_RGB},     {"rgb30", oMODEL_RGB}};
@@ -318,8 +307,7 @@ TEST_F(DibTest, ImageMagicksFilesReadPixelForPixel)
 
 // Each picture is built through the library's interface, written, and copied again through the stream store's bands;
 // beside each goes a PPM of what it is meant to show, for ImageMagick to read and compare after this program.
-TEST_F(DibTest, PicturesWrittenHereAreForImageMagickToReadBack)
-{
+TEST_F(DibTest, PicturesWrittenHereAreForImageMagickToReadBack) {
     const std::string written = std::string(ZK_DIB_FILES) + "/written";
     CreateDirectoryA(written.c_str(), nullptr);
     const struct {

@@ -16,8 +16,7 @@ namespace dibtest {
 using Bytes = std::vector<unsigned char>;
 using Pixels = std::vector<COLORREF>;
 
-inline void Put(Bytes& bytes, size_t at, unsigned long value, int width)
-{
+inline void Put(Bytes& bytes, size_t at, unsigned long value, int width) {
     for (int i = 0; i < width; ++i)
         bytes[at + i] = static_cast<unsigned char>(value >> 8 * i);
 }
@@ -73,8 +72,7 @@ private:
 inline Bytes Written(const oDIB& dib) { return zktest::StreamForm(dib); }
 
 // Every pixel as a colour, rows from the top, through lines asked for in 24 bits.
-inline Pixels Colours(const oDIB& dib)
-{
+inline Pixels Colours(const oDIB& dib) {
     long width = static_cast<long>(dib.GetHeader()->Width());
     Bytes line(oDIBHEADER::LineBytes(width, 24));
     Pixels pixels;
@@ -87,8 +85,7 @@ inline Pixels Colours(const oDIB& dib)
 }
 
 // A plain PPM as ImageMagick writes it: "P6", width, height, 255, pixels.
-inline Pixels ReadPpm(const std::string& path, long& width, long& height)
-{
+inline Pixels ReadPpm(const std::string& path, long& width, long& height) {
     FILE* file = std::fopen(path.c_str(), "rb");
     int most = 0;
     unsigned char rgb[3];
@@ -102,8 +99,7 @@ inline Pixels ReadPpm(const std::string& path, long& width, long& height)
     return pixels;
 }
 
-inline void WritePpm(const std::string& path, long width, long height, const Pixels& pixels)
-{
+inline void WritePpm(const std::string& path, long width, long height, const Pixels& pixels) {
     FILE* file = std::fopen(path.c_str(), "wb");
     std::fprintf(file, "P6\n%ld %ld\n255\n", width, height);
     for (COLORREF pixel : pixels)

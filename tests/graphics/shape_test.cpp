@@ -12,8 +12,7 @@ int Flags(const vBEZPOINT& p) { return p.First() | p.Last() | p.LineTo() | p.Cur
 
 // Each point's x, y and flags (first 1, last 2, line 8, curve 16, control
 // 32), then the bounding box and whether the shape is closed.
-Ints Path(const vSHAPE& shape)
-{
+Ints Path(const vSHAPE& shape) {
     Ints path;
     for (unsigned short i = 0; i < shape.NoPoint(); ++i)
         path.insert(path.end(), {shape[i].x(), shape[i].y(), Flags(shape[i])});
@@ -24,8 +23,7 @@ Ints Path(const vSHAPE& shape)
 
 // A rectangle is four straight sides clockwise from the top left; an ellipse four quarter arcs clockwise from the right
 // middle, the control points k/2 (0.2761) of the width and height from the middles, floored.
-TEST_F(ShapeTest, RectanglesAndEllipsesAreClosedPathsClockwise)
-{
+TEST_F(ShapeTest, RectanglesAndEllipsesAreClosedPathsClockwise) {
     EXPECT_EQ(Path(vRECTSHAPE(vRECT(10, 20, 110, 70))),
               Ints({10, 20, 9, 110, 20, 8, 110, 70, 8, 10, 70, 10, 10, 20, 110, 70, 1}));
     EXPECT_EQ(Path(vELPSSHAPE(vRECT(0, 0, 200, 100))),
@@ -36,8 +34,7 @@ TEST_F(ShapeTest, RectanglesAndEllipsesAreClosedPathsClockwise)
 
 // Points keep their order and flags and widen the box, which stands at the shape's own address; the last point says
 // whether the shape is closed; copies are deep, and a path holds 65535 points at most.
-TEST_F(ShapeTest, AppendedPointsKeepTheirOrderAndWidenTheBox)
-{
+TEST_F(ShapeTest, AppendedPointsKeepTheirOrderAndWidenTheBox) {
     vSHAPE shape;
     EXPECT_TRUE(Path(shape) == Ints({0, 0, 0, 0, 0}) && &shape.BoundBox() == static_cast<const void*>(&shape));
     shape.AppendPoint(vBEZPOINT(vPOINT(5, 5), 9));

@@ -23,8 +23,7 @@ public:
     explicit Pixels(const vMEMDEVICE& device)
         : Pixels(device.Bitmap(), device.Size().Width()(), device.Size().Height()()) {}
 
-    Pixels(HBITMAP bitmap, int width, int height) : width(width), height(height), bits(width * height)
-    {
+    Pixels(HBITMAP bitmap, int width, int height) : width(width), height(height), bits(width * height) {
         BITMAPINFO info = {{sizeof info.bmiHeader, width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0}, {}};
         HDC screen = GetDC(nullptr);
         read = GetDIBits(screen, bitmap, 0, height, bits.data(), &info, DIB_RGB_COLORS) == height && width > 0;
@@ -32,13 +31,11 @@ public:
     }
 
     int Read() const { return read; }
-    COLORREF At(int x, int y) const
-    {
+    COLORREF At(int x, int y) const {
         DWORD pixel = bits[y * width + x];
         return RGB(pixel >> 16, pixel >> 8, pixel);
     }
-    int Count(COLORREF colour) const
-    {
+    int Count(COLORREF colour) const {
         int count = 0;
         for (int at = 0; at < width * height; ++at)
             count += At(at % width, at / width) == colour;
@@ -47,8 +44,7 @@ public:
     bool operator==(const Pixels& other) const { return bits == other.bits; }
     // Left, top, right and bottom (the last two outside) of every pixel not
     // of the background; all zero when there is none.
-    std::vector<long> Ink(COLORREF background = Black) const
-    {
+    std::vector<long> Ink(COLORREF background = Black) const {
         std::vector<long> box = {width, height, 0, 0};
         for (int y = 0; y < height; ++y)
             for (int x = 0; x < width; ++x)
@@ -58,8 +54,7 @@ public:
         return box[2] ? box : std::vector<long>{0, 0, 0, 0};
     }
     // For a person to look at: pngs/<name>.png under the current directory.
-    void Save(const std::string& name) const
-    {
+    void Save(const std::string& name) const {
         CreateDirectoryA("pngs", nullptr);
         std::vector<DWORD> opaque(bits);
         for (DWORD& pixel : opaque)
@@ -90,8 +85,7 @@ inline vFILLSPEC Fill(COLORREF colour, vFILLTYPE type = vFILL_SOLID, vFILLMODE m
 
 // How many GDI objects the process holds; where GetGuiResources answers 0, as
 // Wine's does, the live entries (24 bytes, type at 14) of the process's table.
-inline unsigned long LiveGdiObjects()
-{
+inline unsigned long LiveGdiObjects() {
     if (unsigned long reported = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS))
         return reported;
     const BYTE* environment = reinterpret_cast<const BYTE*>(NtCurrentTeb()->ProcessEnvironmentBlock);

@@ -18,8 +18,7 @@ protected:
 // Small writes wait in the buffer; the file sees them on a move, a read or the close. A move past the end is told by
 // the status and a write there still extends the file. A copy writes to the same file through its own buffer with a
 // clean status; reopening starts again at the beginning.
-TEST_F(FileTest, SmallWritesWaitInTheBufferUntilTheFileIsNeeded)
-{
+TEST_F(FileTest, SmallWritesWaitInTheBufferUntilTheFileIsNeeded) {
     vFILE file(name, vSTREAM_CREATE);
     for (unsigned long i = 0; i < 100; ++i)
         file.WriteULong(i);
@@ -43,8 +42,7 @@ TEST_F(FileTest, SmallWritesWaitInTheBufferUntilTheFileIsNeeded)
 
 // Reads come from a block read ahead; a write or a move in the middle of it lands where the reader stands, not where
 // the platform has read to. Blocks larger than the buffer go straight through, behind what was waiting.
-TEST_F(FileTest, ReadingAheadNeverShowsInPositionsWritesOrMoves)
-{
+TEST_F(FileTest, ReadingAheadNeverShowsInPositionsWritesOrMoves) {
     const unsigned long longs = 10000;
     {
         vFILE file(name, vSTREAM_CREATE);
@@ -72,8 +70,7 @@ TEST_F(FileTest, ReadingAheadNeverShowsInPositionsWritesOrMoves)
 
 // A file that cannot be opened says why; then every write fails and every
 // read ends, for callers look for the end alone.
-TEST_F(FileTest, FilesThatCannotBeOpenedFailCleanly)
-{
+TEST_F(FileTest, FilesThatCannotBeOpenedFailCleanly) {
     const struct {
         std::string name;
         unsigned long mode;

@@ -11,8 +11,7 @@ class MemStreamTest : public zktest::LeakFreeTest {};
 
 // The moves on an owned block of 100 bytes, each step seeing the state the
 // one before left; the block is freed with its stream and the caller hears.
-TEST_F(MemStreamTest, MovesClampToTheEndAndOnlyAMoveFromTheStartClearsIt)
-{
+TEST_F(MemStreamTest, MovesClampToTheEndAndOnlyAMoveFromTheStartClearsIt) {
     unsigned char* block = static_cast<unsigned char*>(vMemAlloc(100));
     auto* stream = new vMEMSTREAM(&block, 100, vSTRING(), 1, 0);
     const struct {
@@ -45,8 +44,7 @@ TEST_F(MemStreamTest, MovesClampToTheEndAndOnlyAMoveFromTheStartClearsIt)
 
 // Growth writes the moved block's address through the caller's pointer; a borrowed or empty block cannot grow. Whatever
 // the block held past the end, a write beyond it fills the gap with zeros.
-TEST_F(MemStreamTest, OnlyAnOwningStreamGrowsItsBlockAndFillsTheGapsWithZeros)
-{
+TEST_F(MemStreamTest, OnlyAnOwningStreamGrowsItsBlockAndFillsTheGapsWithZeros) {
     unsigned char* block = static_cast<unsigned char*>(vMemAlloc(4));
     vMEMSTREAM owning(&block, 4, vSTRING("block"), 1, 0);
     owning.MoveFromEnd(0);

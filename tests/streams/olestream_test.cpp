@@ -7,8 +7,7 @@ namespace {
 // A platform stream of the bytes 0 to 9, standing at 4.
 class OleStreamTest : public zktest::LeakFreeTest {
 protected:
-    void SetUp() override
-    {
+    void SetUp() override {
         zktest::LeakFreeTest::SetUp();
         const unsigned char ten[10] = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9};
         platform->Write(ten, sizeof ten, nullptr);
@@ -23,8 +22,7 @@ protected:
 
 // A read that cannot be filled answers 0 and leaves both positions and the status as they were; a move the platform
 // refuses leaves the position. The stream takes no reference of its own, and a copy carries on where its source stood.
-TEST_F(OleStreamTest, TakesSizeAndPositionFromThePlatformAndKeepsThemThroughFailures)
-{
+TEST_F(OleStreamTest, TakesSizeAndPositionFromThePlatformAndKeepsThemThroughFailures) {
     ULONG before = References();
     vOLESTREAM stream(&platform, vSTRING("part"), 0);
     EXPECT_EQ(stream.Size() * 100 + stream.CurrentPos(), 1004UL);

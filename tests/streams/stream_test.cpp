@@ -48,8 +48,7 @@ TYPED_TEST_SUITE(StreamKinds, Kinds);
 
 // Each answers the number of bytes written; the stream's rank of values is
 // the rule: least significant byte first, nothing between.
-TYPED_TEST(StreamKinds, EveryPrimitiveGoesLeastSignificantByteFirstWithNothingBetween)
-{
+TYPED_TEST(StreamKinds, EveryPrimitiveGoesLeastSignificantByteFirstWithNothingBetween) {
     TypeParam kind;
     Bytes expected;
     for (const auto& primitive : Primitives) {
@@ -66,8 +65,7 @@ TYPED_TEST(StreamKinds, EveryPrimitiveGoesLeastSignificantByteFirstWithNothingBe
 
 // A primitive that the stream cannot give whole answers 0, whatever of it
 // was there; a byte string with nowhere to put it takes nothing.
-TYPED_TEST(StreamKinds, AReadPastTheEndAnswersZeroAndAReadWithoutABufferTakesNothing)
-{
+TYPED_TEST(StreamKinds, AReadPastTheEndAnswersZeroAndAReadWithoutABufferTakesNothing) {
     TypeParam kind;
     vSTREAM& stream = kind.stream;
     stream << static_cast<unsigned short>(0xFFFF) << static_cast<unsigned char>(0xFF);
@@ -81,8 +79,7 @@ TYPED_TEST(StreamKinds, AReadPastTheEndAnswersZeroAndAReadWithoutABufferTakesNot
 }
 
 // Each move sees the state the one before left; a write in the middle overwrites without growing.
-TYPED_TEST(StreamKinds, MovesCountFromTheStartTheCurrentPlaceAndBackFromTheEnd)
-{
+TYPED_TEST(StreamKinds, MovesCountFromTheStartTheCurrentPlaceAndBackFromTheEnd) {
     TypeParam kind;
     vSTREAM& stream = kind.stream;
     for (unsigned char i = 0; i < 100; ++i)

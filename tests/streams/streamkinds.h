@@ -15,8 +15,7 @@ namespace zktest {
 using Bytes = std::vector<unsigned char>;
 
 // A file in the temporary directory; whoever asks removes it.
-inline std::string TemporaryPath()
-{
+inline std::string TemporaryPath() {
     char directory[MAX_PATH], path[MAX_PATH];
     GetTempPathA(MAX_PATH, directory);
     GetTempFileNameA(directory, "zks", 0, path);
@@ -24,14 +23,12 @@ inline std::string TemporaryPath()
 }
 
 // The whole of a file as another reader sees it.
-inline Bytes FileBytes(const std::string& path)
-{
+inline Bytes FileBytes(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     return Bytes(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
 }
 
-inline IStream* EmptyPlatformStream()
-{
+inline IStream* EmptyPlatformStream() {
     IStream* made = nullptr;
     return CreateStreamOnHGlobal(nullptr, TRUE, &made), made;
 }
@@ -41,8 +38,7 @@ inline IStream* EmptyPlatformStream()
 struct MemoryKind {
     static constexpr vSTREAMSTATUS afterShortRead = vSTREAM_END;
     vMEMSTREAM stream;
-    Bytes Stored()
-    {
+    Bytes Stored() {
         unsigned long at = stream.CurrentPos();
         Bytes bytes(stream.Size());
         stream.MoveFromStart(0), stream.ReadByteString(bytes.data(), bytes.size()), stream.MoveFromStart(at);
@@ -64,8 +60,7 @@ struct OleKind {
     IStream* platform = EmptyPlatformStream();
     vOLESTREAM stream{&platform, vSTRING("ole"), 0};
     ~OleKind() { platform->Release(); }
-    Bytes Stored()
-    {
+    Bytes Stored() {
         HGLOBAL memory = nullptr;
         GetHGlobalFromStream(platform, &memory);
         const unsigned char* bytes = static_cast<const unsigned char*>(GlobalLock(memory));

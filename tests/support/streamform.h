@@ -10,8 +10,7 @@ using StreamBytes = std::vector<unsigned char>;
 
 // The bytes that a value's stream form puts on a memory stream.
 template <class T>
-StreamBytes StreamForm(const T& value)
-{
+StreamBytes StreamForm(const T& value) {
     vMEMSTREAM stream;
     value >> stream;
     StreamBytes bytes(stream.Size());
@@ -21,8 +20,7 @@ StreamBytes StreamForm(const T& value)
 }
 
 // The stream holds the bytes, ready to be read from their start.
-inline void Refill(vMEMSTREAM& stream, const StreamBytes& bytes)
-{
+inline void Refill(vMEMSTREAM& stream, const StreamBytes& bytes) {
     stream.WriteBlock(bytes.data(), bytes.size());
     stream.MoveFromStart(0);
 }
@@ -30,8 +28,7 @@ inline void Refill(vMEMSTREAM& stream, const StreamBytes& bytes)
 // Reads a value back from bytes with its stream form; the stream's status
 // afterwards tells whether the bytes were enough.
 template <class T>
-vSTREAMSTATUS ReadStreamForm(const StreamBytes& bytes, T& value)
-{
+vSTREAMSTATUS ReadStreamForm(const StreamBytes& bytes, T& value) {
     vMEMSTREAM stream;
     Refill(stream, bytes);
     value << stream;

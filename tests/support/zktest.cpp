@@ -4,8 +4,7 @@
 #include <iostream>
 #include <map>
 
-int main(int argc, char** argv)
-{
+int main(int argc, char** argv) {
     int childExit = zktest::RunChildIfAsked(argc, argv);
     if (childExit >= 0)
         return childExit;
@@ -20,8 +19,7 @@ const char childSwitch[] = "--zk-child=";
 TraceCapture* activeCapture = nullptr;
 
 std::map<std::string, ChildBody>& Registry() { static std::map<std::string, ChildBody> bodies; return bodies; }
-std::string WithoutReturn(std::string line)
-{
+std::string WithoutReturn(std::string line) {
     return !line.empty() && line.back() == '\r' ? line.substr(0, line.size() - 1) : line;
 }
 }  // namespace
@@ -35,8 +33,7 @@ TraceCapture::~TraceCapture() { activeCapture = nullptr; RemoveVectoredException
 
 // The debugger channel is an exception that a debugger would catch; without one
 // it is ours to read and to continue past.
-LONG CALLBACK TraceCapture::Handler(EXCEPTION_POINTERS* info)
-{
+LONG CALLBACK TraceCapture::Handler(EXCEPTION_POINTERS* info) {
     const EXCEPTION_RECORD* record = info->ExceptionRecord;
     if (record->ExceptionCode != DBG_PRINTEXCEPTION_C || !activeCapture || record->NumberParameters < 2)
         return EXCEPTION_CONTINUE_SEARCH;
@@ -44,8 +41,7 @@ LONG CALLBACK TraceCapture::Handler(EXCEPTION_POINTERS* info)
     return EXCEPTION_CONTINUE_EXECUTION;
 }
 
-std::vector<std::string> TraceCapture::Lines() const
-{
+std::vector<std::string> TraceCapture::Lines() const {
     std::vector<std::string> lines;
     for (size_t start = 0, end; (end = text.find('\n', start)) != std::string::npos; start = end + 1)
         lines.push_back(text.substr(start, end - start));
@@ -56,16 +52,14 @@ void TraceCapture::Clear() { text.clear(); }
 
 ChildEntry::ChildEntry(const char* name, ChildBody body) { Registry()[name] = body; }
 
-int RunChildIfAsked(int argc, char** argv)
-{
+int RunChildIfAsked(int argc, char** argv) {
     if (argc < 2 || std::string(argv[1]).rfind(childSwitch, 0) != 0)
         return -1;
     auto body = Registry().find(argv[1] + sizeof childSwitch - 1);
     return body == Registry().end() ? 127 : body->second(std::vector<std::string>(argv + 2, argv + argc));
 }
 
-Child::Child(const std::string& name, const std::string& arguments) : process{}, toChild(nullptr), fromChild(nullptr)
-{
+Child::Child(const std::string& name, const std::string& arguments) : process{}, toChild(nullptr), fromChild(nullptr) {
     SECURITY_ATTRIBUTES inherit{sizeof inherit, nullptr, TRUE};
     HANDLE childIn = nullptr, childOut = nullptr;
     CreatePipe(&childIn, &toChild, &inherit, 0);
@@ -83,8 +77,7 @@ Child::Child(const std::string& name, const std::string& arguments) : process{},
     CloseHandle(childIn), CloseHandle(childOut);
 }
 
-Child::~Child()
-{
+Child::~Child() {
     if (process.hProcess && WaitForSingleObject(process.hProcess, 0) == WAIT_TIMEOUT)
         TerminateProcess(process.hProcess, 1);
     for (HANDLE handle : {process.hProcess, process.hThread, toChild, fromChild})
@@ -95,8 +88,7 @@ Child::~Child()
 bool Child::Started() const { return process.hProcess != nullptr; }
 
 // False once the deadline passes with nothing to read, or the child has gone.
-bool Child::FillBuffer(DWORD deadline)
-{
+bool Child::FillBuffer(DWORD deadline) {
     for (DWORD available = 0; PeekNamedPipe(fromChild, nullptr, 0, nullptr, &available, nullptr); Sleep(5)) {
         if (available) {
             std::string chunk(available, '\0');
@@ -111,8 +103,7 @@ bool Child::FillBuffer(DWORD deadline)
     return false;
 }
 
-std::string Child::ReadLine(DWORD timeoutMs)
-{
+std::string Child::ReadLine(DWORD timeoutMs) {
     DWORD deadline = GetTickCount() + timeoutMs;
     size_t end;
     while ((end = pending.find('\n')) == std::string::npos)
@@ -123,8 +114,7 @@ std::string Child::ReadLine(DWORD timeoutMs)
     return line;
 }
 
-std::string Child::ReadRest(DWORD timeoutMs)
-{
+std::string Child::ReadRest(DWORD timeoutMs) {
     for (DWORD deadline = GetTickCount() + timeoutMs; FillBuffer(deadline);)
         ;
     std::string rest;
@@ -132,14 +122,12 @@ std::string Child::ReadRest(DWORD timeoutMs)
     return rest;
 }
 
-void Child::WriteLine(const std::string& line)
-{
+void Child::WriteLine(const std::string& line) {
     DWORD written = 0;
     WriteFile(toChild, (line + "\n").data(), static_cast<DWORD>(line.size() + 1), &written, nullptr);
 }
 
-DWORD Child::Wait(DWORD timeoutMs)
-{
+DWORD Child::Wait(DWORD timeoutMs) {
     DWORD code = STILL_ACTIVE;
     if (WaitForSingleObject(process.hProcess, timeoutMs) == WAIT_OBJECT_0)
         GetExitCodeProcess(process.hProcess, &code);
@@ -156,8 +144,7 @@ BoxWatcher::BoxWatcher(const std::string& caption, int button, DWORD timeoutMs)
 
 BoxWatcher::~BoxWatcher() { Seen(); CloseHandle(thread); }
 
-DWORD WINAPI BoxWatcher::Watch(void* self)
-{
+DWORD WINAPI BoxWatcher::Watch(void* self) {
     BoxWatcher* watcher = static_cast<BoxWatcher*>(self);
     for (DWORD deadline = GetTickCount() + watcher->timeoutMs; GetTickCount() < deadline; Sleep(20)) {
         HWND box = FindWindowA("#32770", watcher->caption.c_str());

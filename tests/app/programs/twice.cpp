@@ -12,13 +12,11 @@ public:
 
 namespace {
 
-int Asked(const vSTRING& command, const char* word)
-{
+int Asked(const vSTRING& command, const char* word) {
     return !command.GetSubString(vSTRING("%s", word)).Null();
 }
 
-void ShowLanguage(vAPP& app)
-{
+void ShowLanguage(vAPP& app) {
     int found = app.Init();
     char title[64];
     wsprintfA(title, "language %u init %d", app.Language(), found);
@@ -27,8 +25,7 @@ void ShowLanguage(vAPP& app)
 
 }  // namespace
 
-vAPP* vMain()
-{
+vAPP* vMain() {
     vAPP* app = new TWICE;
     vSTRING command = app->GetSetCommand(vSTRING());
     if (Asked(command, "language"))
